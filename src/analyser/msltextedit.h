@@ -1,0 +1,149 @@
+#ifndef MSLTEXTEDIT_H
+#define MSLTEXTEDIT_H
+
+#include <QObject>
+#include <QString>
+#include <QSyntaxHighlighter>
+#include <QTextBlockUserData>
+#include <QVector>
+
+// One `$word` occurrence in a line, as the analyser saw it.
+struct Identifier
+{
+    QString name;             // from the '$' to the first stop character, as typed
+    int start = 0;            // index of the '$'
+    int end = 0;              // where the parser stopped
+    int proppos = -1;         // index of a property's '.'; -1 none; 0 without parentheses
+    bool hasPayload = false;  // followed by '('
+    QVector<int> argsPos;     // index of each top-level comma
+    bool possibleIdent = false; // a bare '$' where a name may be typed next
+};
+
+// The report ids of one line, with the signal that withdraws them.
+class DumErr : public QObject
+{
+    Q_OBJECT
+
+public:
+    DumErr();
+    ~DumErr() override;
+
+    void pushErr(int id);
+    void clearErrs();
+    bool containsErr(int id) const;
+    QVector<int> getErrs() const;
+
+    QVector<int> err;
+
+signals:
+    void doRemErr(QVector<int> &errs);
+};
+
+// The analyser's record of one text block.
+class CBlockData : public QTextBlockUserData
+{
+public:
+    enum BlockType { NoBlock = 0, Alias = 1, Dialog = 2, Event = 3 };
+
+    DumErr remId;
+    int blockType = NoBlock;
+    bool isLocal = false;
+    QString matchtext;
+    QString containedBlock;
+    int blockPos = -1;
+    bool isMultiLine = false;
+    bool isHidden = false;     // reserved for folding; reset on every pass
+    int hiddenLines = 0;       // reserved for folding; reset on every pass
+    bool isConnected = false;
+    bool isGroup = false;
+    int groupState = 0;        // 1 opens a group, 2 closes one
+    QVector<Identifier> idents;
+};
+
+// The line-by-line parser, linter and colouriser of mSL. Qt calls
+// highlightBlock() for each changed line; the block state carries the
+// only memory from one line to the next.
+class MslSyntaxHighlighter : public QSyntaxHighlighter
+{
+    Q_OBJECT
+
+public:
+    enum Comment { SingleLine = 0, MultiLine = 1, InMultiLine = 2 };
+
+    explicit MslSyntaxHighlighter(QTextDocument *parent);
+    ~MslSyntaxHighlighter() override;
+
+    void setFn(QString fn);
+
+signals:
+    void updateError(int lineNum, int linePos, QString fname, QString block,
+                     QString id, int type, QString err, int &errId);
+    void removeError(QVector<int> &errIds);
+
+protected:
+    // Line driver (highlighter_driver.cpp).
+    void highlightBlock(const QString &str) override;
+
+    // Foundations (highlighter_core.cpp).
+    int currentLineNumber();
+    void throwError(int type, int pos, QString block, const QString &error);
+    void throwMsg(int type, int pos, QString &msg);
+    void saveStateAlias(QString name, int pos, bool isLocal);
+    void saveStateDialog(QString name, int pos, bool isLocal);
+    void saveStateEvent(QString name, QString matchtext, int pos);
+    void saveStateGroup(int state);
+    void saveStateIdent(QString &name, int start, int end, int proppos,
+                        bool hasPayload, QVector<int> &args);
+    void saveStatePossibleIdent(int pos);
+    void clearCurrentBlockUserData();
+    bool checkDependencies(); // declared for a dependency check that does not exist
+
+    // Shared scanners, command lines and variables (highlighter_commands.cpp).
+    void eatSpaces(const QString &str, int &pos);
+    void eatNSpaces(const QString &str, int &pos);
+    QString getToken(const QString &str, int &pos, bool orComma);
+    bool isNumeric(const QString &str);
+    void parseVar(const QString &str, int &pos);
+    void parseVarInId(const QString &str, int &pos);
+    void parseVarInVCmd(const QString &str, int &pos);
+    void parseCmdLine(const QString &str, int &pos, int &brackets);
+    void parseVarCmd(const QString &str, int &pos, int &brackets);
+
+    // Inlined comments and developer notes (highlighter_comments.cpp).
+    void parseSingLineComment(const QString &str, int &pos, int &brackets);
+    void parseMultiLineComment(const QString &str, int &pos, int &brackets);
+    void doMessageCheck(const QString &str, int pos, Comment comment);
+
+    // Identifier expressions (highlighter_identifiers.cpp).
+    void parseIdent(const QString &str, int &pos, int &brackets, int inIdent);
+
+    // Conditions (highlighter_conditions.cpp).
+    void parseIf(const QString &str, int &pos, int &brackets);
+    void parseElse(const QString &str, int &pos, int &brackets);
+    void parseIfCond(const QString &str, int &pos, int &brackets, bool within);
+    bool isValidOper(const QString &oper);
+
+    // Alias and dialog headers, access levels (highlighter_headers.cpp).
+    void parseAlias(const QString &str, int &cPos);
+    void parseDialog(const QString &str, int &cPos);
+    bool parsedAccessLevel(const QString &str, int &pos);
+
+    // Event headers (highlighter_events.cpp).
+    bool parseEvent(const QString &str, int &pos, int &brackets);
+
+    // Dialog table statements (highlighter_dialogtables.cpp).
+    int parseDialogStatement(const QString &str);
+
+private slots:
+    void remError(QVector<int> &errs);
+
+private:
+    CBlockData *currentRecord();
+
+    QString fname;
+    bool mlineInEffect = false;
+    bool parseNoMore = false; // declared, never read or written
+    bool inCalc = false;
+};
+
+#endif // MSLTEXTEDIT_H

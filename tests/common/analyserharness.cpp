@@ -1,0 +1,189 @@
+#include "analyserharness.h"
+
+#include "devsettings.h"
+
+#include <QTextBlock>
+#include <algorithm>
+
+QString HarnessReport::brief() const
+{
+    return QStringLiteral("%1:%2 %3 %4|%5").arg(line).arg(col).arg(type).arg(block, message);
+}
+
+AnalyserHarness::AnalyserHarness(QObject *parent)
+    : QObject(parent)
+{
+    ensureSettings();
+    hl = new MslSyntaxHighlighter(&doc);
+    connect(hl, &MslSyntaxHighlighter::updateError, this, &AnalyserHarness::onUpdateError,
+            Qt::DirectConnection);
+    connect(hl, &MslSyntaxHighlighter::removeError, this, &AnalyserHarness::onRemoveError,
+            Qt::DirectConnection);
+}
+
+AnalyserHarness::~AnalyserHarness()
+{
+    // The highlighter goes with the document; drop the connections first so
+    // that late withdrawals do not reach a half-destroyed sink.
+    disconnect(hl, nullptr, this, nullptr);
+}
+
+void AnalyserHarness::ensureSettings()
+{
+    static bool done = false;
+    if (!done) {
+        DevSettings::InitializeAllSettings();
+        done = true;
+    }
+}
+
+void AnalyserHarness::setText(const QString &text)
+{
+    doc.setPlainText(text);
+    hl->rehighlight();
+}
+
+void AnalyserHarness::setLines(const QStringList &lines)
+{
+    setText(lines.join(QLatin1Char('\n')));
+}
+
+QStringList AnalyserHarness::briefs() const
+{
+    QStringList out;
+    for (const HarnessReport &r : standing)
+        out << r.brief();
+    return out;
+}
+
+QList<HarnessReport> AnalyserHarness::reportsOn(int line) const
+{
+    QList<HarnessReport> out;
+    for (const HarnessReport &r : standing) {
+        if (r.line == line)
+            out << r;
+    }
+    return out;
+}
+
+int AnalyserHarness::state(int block) const
+{
+    return doc.findBlockByNumber(block).userState();
+}
+
+CBlockData *AnalyserHarness::record(int block) const
+{
+    return static_cast<CBlockData *>(doc.findBlockByNumber(block).userData());
+}
+
+QVector<QTextLayout::FormatRange> AnalyserHarness::formats(int block) const
+{
+    const QTextBlock b = doc.findBlockByNumber(block);
+    if (!b.isValid() || !b.layout())
+        return {};
+    return b.layout()->formats();
+}
+
+QTextCharFormat AnalyserHarness::formatAt(int block, int col) const
+{
+    const auto ranges = formats(block);
+    for (const QTextLayout::FormatRange &r : ranges) {
+        if (col >= r.start && col < r.start + r.length)
+            return r.format;
+    }
+    return QTextCharFormat();
+}
+
+bool AnalyserHarness::hasFormat(int block, int start, int length,
+                                const QTextCharFormat &fmt) const
+{
+    for (int c = start; c < start + length; ++c) {
+        if (formatAt(block, c) != fmt)
+            return false;
+    }
+    return true;
+}
+
+bool AnalyserHarness::isPlain(int block) const
+{
+    const auto ranges = formats(block);
+    return std::all_of(ranges.begin(), ranges.end(), [](const QTextLayout::FormatRange &r) {
+        return r.length == 0 || r.format == QTextCharFormat();
+    });
+}
+
+QString AnalyserHarness::formatName(const QTextCharFormat &fmt)
+{
+    if (fmt == QTextCharFormat())
+        return QStringLiteral("none");
+    // Several members share one look; the first of this list wins.
+    const QList<QPair<const char *, const QTextCharFormat *>> named = {
+        {"ctrlFmt", &DevSettings::ctrlFmt},
+        {"commentFmt", &DevSettings::commentFmt},
+        {"commentNoEndFmt", &DevSettings::commentNoEndFmt},
+        {"errFmt", &DevSettings::errFmt},
+        {"wrnFmt", &DevSettings::wrnFmt},
+        {"infFmt", &DevSettings::infFmt},
+        {"aliasFmt", &DevSettings::aliasFmt},
+        {"aliasSwitchFmt", &DevSettings::aliasSwitchFmt},
+        {"aliasNameFmt", &DevSettings::aliasNameFmt},
+        {"dialogStrFmt", &DevSettings::dialogStrFmt},
+        {"cmdFmt", &DevSettings::cmdFmt},
+        {"identFmt", &DevSettings::identFmt},
+        {"identPropFmt", &DevSettings::identPropFmt},
+        {"varFmt", &DevSettings::varFmt},
+        {"groupFmt", &DevSettings::groupFmt},
+        {"todoFmt", &DevSettings::todoFmt},
+        {"onEventFmt", &DevSettings::onEventFmt},
+        {"onChannelsFmt", &DevSettings::onChannelsFmt},
+    };
+    for (const auto &entry : named) {
+        if (*entry.second == fmt)
+            return QString::fromLatin1(entry.first);
+    }
+    return QStringLiteral("other");
+}
+
+QStringList AnalyserHarness::columnFormats(int block) const
+{
+    const QTextBlock b = doc.findBlockByNumber(block);
+    QStringList out;
+    for (int c = 0; c < b.length() - 1; ++c)
+        out << formatName(formatAt(block, c));
+    return out;
+}
+
+void AnalyserHarness::onUpdateError(int lineNum, int linePos, QString fname, QString block,
+                                    QString, int type, QString err, int &errId)
+{
+    ++emitted;
+    int id = 1;
+    for (const HarnessReport &r : standing)
+        id = std::max(id, r.id);
+    errId = id + 1;
+
+    HarnessReport r;
+    r.id = errId;
+    r.line = lineNum;
+    r.col = linePos;
+    r.file = fname;
+    r.block = block;
+    r.type = type;
+    r.message = err;
+    standing.append(r);
+    std::stable_sort(standing.begin(), standing.end(),
+                     [](const HarnessReport &a, const HarnessReport &b) { return a.id < b.id; });
+}
+
+void AnalyserHarness::onRemoveError(QVector<int> &errIds)
+{
+    for (int id : errIds) {
+        for (int i = 0; i < standing.size(); ++i) {
+            if (standing[i].id == id) {
+                standing.removeAt(i);
+                ++withdrawn;
+                break;
+            }
+        }
+    }
+}
