@@ -1,0 +1,3 @@
+alias x {
+  echo $a(b,c).d | if (%a == 1) { echo x }
+}

@@ -1,0 +1,3 @@
+on *:text:*hi*:#:{ msg $chan $iif(($nick isop $chan), op, no) }
+#g on
+#g end
