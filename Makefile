@@ -33,12 +33,14 @@ test-asan: bootstrap
 	@cd $(ASAN_BUILD_DIR) && QT_QPA_PLATFORM=offscreen ASAN_OPTIONS=detect_leaks=0 \
 	  UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 ctest --output-on-failure -j $(JOBS)
 
-bench: bootstrap
+bench:
+	@TARNWICK_BOOTSTRAP_EXTRAS=bench bash scripts/bootstrap
 	@cmake -S . -B $(BENCH_BUILD_DIR) -DCMAKE_BUILD_TYPE=Release -DTARNWICK_BUILD_BENCH=ON >/dev/null
 	@cmake --build $(BENCH_BUILD_DIR) -j $(JOBS)
 	@QT_QPA_PLATFORM=offscreen bash bench/run $(BENCH_BUILD_DIR)
 
-fuzz: bootstrap
+fuzz:
+	@TARNWICK_BOOTSTRAP_EXTRAS=fuzz bash scripts/bootstrap
 	@CXX=clang++ CC=clang cmake -S . -B $(FUZZ_BUILD_DIR) -DCMAKE_BUILD_TYPE=RelWithDebInfo \
 	  -DTARNWICK_BUILD_FUZZ=ON -DTARNWICK_BUILD_TESTS=OFF >/dev/null
 	@cmake --build $(FUZZ_BUILD_DIR) -j $(JOBS)
@@ -50,6 +52,7 @@ package: build
 	@cd $(BUILD_DIR) && cpack -G DEB
 
 screenshots: build
+	@TARNWICK_BOOTSTRAP_EXTRAS=screens bash scripts/bootstrap
 	@bash scripts/screenshots $(BUILD_DIR)
 
 clean:
