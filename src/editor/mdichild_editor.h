@@ -13,6 +13,7 @@ class QCloseEvent;
 class QDockWidget;
 class QLabel;
 class QLineEdit;
+class QRegularExpression;
 class QShortcut;
 class QTimerEvent;
 class QTreeWidget;
@@ -84,6 +85,9 @@ private:
     // Find bar (mdichild_editor_search.cpp).
     QTextCursor findNextIdent(const QString &identifier, const QTextCursor &cursor,
                               QTextDocument::FindFlags options);
+    QRegularExpression readSearchPattern() const;
+    QTextCursor searchInMode(const QTextCursor &from, bool backward,
+                             const QRegularExpression &pattern);
 
     bool didChange = false;
     bool noFile = false;
