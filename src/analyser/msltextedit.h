@@ -140,6 +140,32 @@ private slots:
 private:
     CBlockData *currentRecord();
 
+    // Line driver steps (highlighter_driver.cpp).
+    void parseTopLevelLine(const QString &str, bool inGroup);
+    void parseGroupLine(const QString &str, bool inGroup);
+    void parseAliasHeader(const QString &str, int &cPos, bool inGroup);
+    void parseDialogHeader(const QString &str, int &cPos, bool inGroup);
+    void parseEventHeader(const QString &str, int &cPos, bool inGroup);
+    bool takeOpeningBracket(const QString &str, int &cPos, int &brackets);
+    void endSingleLineBlock(const QString &str, int &cPos, bool inGroup);
+    void markUnknownLine(const QString &str);
+    void closeTopLevelComment(const QString &str, int stay, int after);
+    void dispatchBody(const QString &str, int c, bool inOn);
+    void parseBodyLine(const QString &str, int c, int brackets, bool isEvent, int groupAdd);
+    void parseCommentInBody(const QString &str, int c, int groupAdd);
+    void parseCommentInDialog(const QString &str);
+    void setMultiLine(bool multiLine);
+
+    // Command line steps (highlighter_commands.cpp).
+    void parseClosingBracketInCmdLine(const QString &str, int &pos, int &brackets);
+    void parseOpeningBracketInCmdLine(const QString &str, int &pos, int &brackets);
+    void parseOpeningBracketInVarCmd(const QString &str, int &pos, int &brackets);
+    void parseClosingBracketInVarCmd(const QString &str, int &pos, int &brackets);
+
+    // Inlined multi-line comment steps (highlighter_comments.cpp).
+    void parseTerminatedComment(const QString &str, int &pos, int &brackets, int start);
+    void parseUnterminatedComment(const QString &str, int &pos, int start);
+
     QString fname;
     bool mlineInEffect = false;
     bool parseNoMore = false; // declared, never read or written
