@@ -17,6 +17,8 @@ QRegularExpression DevSettings::ctrlElseRgx;
 QRegularExpression DevSettings::varRgx;
 QRegularExpression DevSettings::pipeRgx;
 QVector<QRegularExpression> DevSettings::cmdRgx;
+QSet<QString> DevSettings::commandNames;
+int DevSettings::longestCommandName = 0;
 
 QTextCharFormat DevSettings::commentFmt;
 QTextCharFormat DevSettings::rcommentFmt;
@@ -48,31 +50,27 @@ QTextCharFormat DevSettings::onEventFmt;
 QTextCharFormat DevSettings::onChannelsFmt;
 QTextCharFormat DevSettings::onMePreFmt;
 
-namespace {
-
-QTextCharFormat foreground(const QColor &colour)
+static QTextCharFormat foreground(const QColor &colour)
 {
     QTextCharFormat fmt;
     fmt.setForeground(QBrush(colour, Qt::SolidPattern));
     return fmt;
 }
 
-QTextCharFormat boldForeground(const QColor &colour)
+static QTextCharFormat boldForeground(const QColor &colour)
 {
     QTextCharFormat fmt = foreground(colour);
     fmt.setFontWeight(QFont::Bold);
     return fmt;
 }
 
-QTextCharFormat squiggle(const QColor &colour)
+static QTextCharFormat squiggle(const QColor &colour)
 {
     QTextCharFormat fmt;
     fmt.setUnderlineColor(colour);
     fmt.setUnderlineStyle(QTextCharFormat::SpellCheckUnderline);
     return fmt;
 }
-
-} // namespace
 
 void DevSettings::InitializeAllSettings()
 {
@@ -108,7 +106,111 @@ void DevSettings::buildCommandPatterns()
             QStringLiteral("^ *[.!/]{0,4}(") + name + QStringLiteral(")\\b"),
             QRegularExpression::CaseInsensitiveOption
                 | QRegularExpression::UseUnicodePropertiesOption));
+        commandNames.insert(name.toLower());
+        longestCommandName = qMax(longestCommandName, int(name.size()));
     }
+}
+
+// The command patterns are `^ *[.!/]{0,4}(name)\b`, caseless, and every name
+// is plain ASCII letters. Such a pattern matches exactly when, behind the
+// blanks and at most four prefix characters, the run of characters that
+// fold to ASCII letters equals the name and is not followed by a word
+// character. At most one name can do that, so the first match of the walk
+// is the only one, and a set lookup gives the same answer.
+
+static bool hasUnpairedSurrogate(const QString &word)
+{
+    const int size = word.size();
+    for (int i = 0; i < size; ++i) {
+        const QChar c = word.at(i);
+        if (c.isHighSurrogate()) {
+            if (i + 1 >= size || !word.at(i + 1).isLowSurrogate())
+                return true;
+            ++i;
+        } else if (c.isLowSurrogate()) {
+            return true;
+        }
+    }
+    return false;
+}
+
+// The ASCII letter that `c` matches without regard to case, or 0.
+static char caselessAsciiLetter(QChar c)
+{
+    const char16_t u = c.unicode();
+    if (u >= u'a' && u <= u'z')
+        return char(u);
+    if (u >= u'A' && u <= u'Z')
+        return char(u - u'A' + u'a');
+    if (u == 0x017F) // LATIN SMALL LETTER LONG S
+        return 's';
+    if (u == 0x212A) // KELVIN SIGN
+        return 'k';
+    return 0;
+}
+
+// Whether a word boundary test sees a word character at `pos`.
+static bool isPatternWordChar(const QString &word, int pos)
+{
+    const char16_t u = word.at(pos).unicode();
+    if (u < 0x80) {
+        return (u >= u'a' && u <= u'z') || (u >= u'A' && u <= u'Z') || (u >= u'0' && u <= u'9')
+            || u == u'_';
+    }
+    // Outside ASCII, ask the pattern engine itself, so that its Unicode
+    // tables decide exactly as they do in the command patterns.
+    static const QRegularExpression wordChar(QStringLiteral("\\w"),
+                                             QRegularExpression::UseUnicodePropertiesOption);
+    return wordChar
+        .match(word, pos, QRegularExpression::NormalMatch,
+               QRegularExpression::AnchorAtOffsetMatchOption)
+        .hasMatch();
+}
+
+int DevSettings::commandMatchLength(const QString &word)
+{
+    // The pattern engine refuses a subject that is not valid UTF-16.
+    if (hasUnpairedSurrogate(word))
+        return -1;
+
+    const int size = word.size();
+    int pos = 0;
+    while (pos < size && word.at(pos) == QLatin1Char(' '))
+        ++pos;
+    const int prefixStart = pos;
+    while (pos < size
+           && (word.at(pos) == QLatin1Char('.') || word.at(pos) == QLatin1Char('!')
+               || word.at(pos) == QLatin1Char('/')))
+        ++pos;
+    if (pos - prefixStart > 4)
+        return -1;
+
+    char name[64];
+    int length = 0;
+    while (pos < size && length <= longestCommandName && length < int(sizeof(name))) {
+        const char letter = caselessAsciiLetter(word.at(pos));
+        if (!letter)
+            break;
+        name[length++] = letter;
+        ++pos;
+    }
+    if (length == 0 || length > longestCommandName)
+        return -1;
+    if (pos < size && isPatternWordChar(word, pos))
+        return -1;
+    if (!commandNames.contains(QString::fromLatin1(name, length)))
+        return -1;
+    return pos;
+}
+
+int DevSettings::commandPatternMatchLength(const QString &word)
+{
+    for (const QRegularExpression &rx : std::as_const(cmdRgx)) {
+        const QRegularExpressionMatch m = rx.match(word);
+        if (m.hasMatch())
+            return m.capturedLength();
+    }
+    return -1;
 }
 
 void DevSettings::buildFormats()

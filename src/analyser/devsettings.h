@@ -2,6 +2,7 @@
 #define DEVSETTINGS_H
 
 #include <QRegularExpression>
+#include <QSet>
 #include <QTextCharFormat>
 #include <QVector>
 
@@ -14,6 +15,13 @@ public:
     DevSettings() {}
 
     static void InitializeAllSettings();
+
+    // Length of the match of the first command pattern that matches `word`
+    // (prefix characters included), or -1. Answered from the set of names,
+    // with the same result as walking cmdRgx.
+    static int commandMatchLength(const QString &word);
+    // The same by walking cmdRgx in order; the reference for the above.
+    static int commandPatternMatchLength(const QString &word);
 
     // Patterns.
     static QRegularExpression commentStartRgx;
@@ -60,6 +68,9 @@ public:
     static QTextCharFormat onMePreFmt;
 
 private:
+    static QSet<QString> commandNames;
+    static int longestCommandName;
+
     static void buildPatterns();
     static void buildCommandPatterns();
     static void buildFormats();
