@@ -2,12 +2,11 @@
 
 #include "msltexteditor.h"
 #include "msltextedit.h"
+#include "scriptfile.h"
 
-#include <QFile>
 #include <QLabel>
 #include <QStatusBar>
 #include <QTextBlock>
-#include <QTextStream>
 #include <QTimerEvent>
 
 // The parent is not used: the tab container adopts the document in addTab.
@@ -86,31 +85,12 @@ void MdiChildEditor::setFile(QFileInfo fileName, bool nofile, bool isReadOnly)
 
 QString MdiChildEditor::loadScriptText(const QFileInfo &fileName)
 {
-    QFile file(fileName.absoluteFilePath());
-    file.open(QIODevice::ReadWrite);
-    QTextStream stream(&file);
-    stream.setEncoding(QStringConverter::Utf8);
-
-    if (!isIniName(fileName.fileName()))
-        return stream.readAll();
-
-    QString doc;
-    while (!stream.atEnd()) {
-        QString line = stream.readLine();
-        if (!line.isEmpty() && line.at(0) == QLatin1Char('['))
-            continue;
-        const int eq = line.indexOf(QLatin1Char('='));
-        if (eq >= 0)
-            line.remove(0, eq + 1);
-        doc += line;
-        doc += QLatin1Char('\n');
-    }
-    return doc;
+    return ::loadScriptText(fileName);
 }
 
 bool MdiChildEditor::isIniName(const QString &fileName)
 {
-    return fileName.size() >= 4 && fileName.right(4).toLower() == QLatin1String(".ini");
+    return isIniScriptName(fileName);
 }
 
 // Armed by nothing: analysis runs through the highlighter on each edit.

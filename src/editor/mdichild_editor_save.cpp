@@ -74,9 +74,14 @@ bool MdiChildEditor::saveFileClicked()
     } else {
         QByteArray bytes = editor->document()->toPlainText().toUtf8();
         bytes.replace("\n", "\r\n");
-        file.write(bytes);
+        if (file.write(bytes) != bytes.size())
+            file.cancelWriting();
     }
 
+    // A short write of the buffered tail only shows when flushing here;
+    // the commit alone would rename a truncated file over the old one.
+    if (!file.flush())
+        file.cancelWriting();
     if (!file.commit()) {
         warnSaveFailed(this, fName.absoluteFilePath());
         return false;

@@ -11,6 +11,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
@@ -38,6 +39,14 @@ bool writeBytes(const QString &path, const QByteArray &bytes)
 {
     QFile f(path);
     return f.open(QIODevice::WriteOnly) && f.write(bytes) == bytes.size();
+}
+
+// As a user types a full path into the name line of the dialog.
+void typeFileName(QFileDialog *dlg, const QString &name)
+{
+    QLineEdit *edit = dlg->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+    QVERIFY(edit);
+    edit->setText(name);
 }
 
 struct BoxSeen {
@@ -322,7 +331,7 @@ void TestDocumentSave::saveUntitledAsksForName()
     MdiChildEditor *d = makeDocument();
     MdiChildEditorTestAccess a(d);
     d->setFile(QFileInfo(QStringLiteral("Untitled1")), true, false);
-    a.editor()->setPlainText(QStringLiteral("echo 1\necho 2"));
+    a.editor()->textCursor().insertText(QStringLiteral("echo 1\necho 2"));
 
     const QString target = path(QStringLiteral("chosen.ini"));
     QString caption;
@@ -332,7 +341,7 @@ void TestDocumentSave::saveUntitledAsksForName()
         caption = dlg->windowTitle();
         offered = QFileInfo(dlg->selectedFiles().value(0)).fileName();
         filters = dlg->nameFilters();
-        dlg->selectFile(target);
+        typeFileName(dlg, target);
         QMetaObject::invokeMethod(dlg, "accept"); // as the Save button does
     });
 
@@ -363,7 +372,7 @@ void TestDocumentSave::saveUntitledCancelled()
     MdiChildEditor *d = makeDocument();
     MdiChildEditorTestAccess a(d);
     d->setFile(QFileInfo(QStringLiteral("Untitled2")), true, false);
-    a.editor()->setPlainText(QStringLiteral("x"));
+    a.editor()->textCursor().insertText(QStringLiteral("x"));
 
     driver->onModal<QFileDialog>([](QFileDialog *dlg) { dlg->reject(); });
     QVERIFY(!a.save());
@@ -379,11 +388,11 @@ void TestDocumentSave::saveIntoMissingDirectory()
     MdiChildEditor *d = makeDocument();
     MdiChildEditorTestAccess a(d);
     d->setFile(QFileInfo(QStringLiteral("Untitled1")), true, false);
-    a.editor()->setPlainText(QStringLiteral("echo lost?"));
+    a.editor()->textCursor().insertText(QStringLiteral("echo lost?"));
 
     BoxSeen seen;
     driver->onModal<QFileDialog>([&](QFileDialog *dlg) {
-        dlg->selectFile(target);
+        typeFileName(dlg, target);
         QMetaObject::invokeMethod(dlg, "accept"); // as the Save button does
     });
     driver->onModal<QMessageBox>([&](QMessageBox *box) {
@@ -412,7 +421,7 @@ void TestDocumentSave::failedWriteKeepsOriginal()
     MdiChildEditor *d = makeDocument();
     MdiChildEditorTestAccess a(d);
     d->setFile(QFileInfo(file), false, false);
-    a.editor()->setPlainText(QString(4096, QLatin1Char('x')));
+    a.editor()->textCursor().insertText(QString(4096, QLatin1Char('x')));
 
     BoxSeen seen;
     driver->onModal<QMessageBox>([&](QMessageBox *box) {
@@ -525,7 +534,7 @@ void TestDocumentSave::firstSaveRenamesOnlyChangedTab()
 
     const QString target = path(QStringLiteral("unedited.mrc"));
     driver->onModal<QFileDialog>([&](QFileDialog *dlg) {
-        dlg->selectFile(target);
+        typeFileName(dlg, target);
         QMetaObject::invokeMethod(dlg, "accept"); // as the Save button does
     });
     QVERIFY(a.save());
@@ -740,7 +749,7 @@ void TestDocumentSave::toolbar()
     // Pastebin is clickable and does nothing: no dialog, no change.
     MdiChildEditorTestAccess a(d);
     d->setFile(QFileInfo(QStringLiteral("Untitled5")), true, false);
-    a.editor()->setPlainText(QStringLiteral("text"));
+    a.editor()->textCursor().insertText(QStringLiteral("text"));
     actions.at(1)->trigger();
     QCoreApplication::processEvents();
     QCOMPARE(QApplication::activeModalWidget(), nullptr);

@@ -1,0 +1,43 @@
+#include "scriptfile.h"
+
+#include <QFile>
+#include <QLatin1Char>
+#include <QLatin1String>
+#include <QStringConverter>
+#include <QTextStream>
+
+bool isIniScriptName(const QString &fileName)
+{
+    return fileName.size() >= 4 && fileName.right(4).toLower() == QLatin1String(".ini");
+}
+
+QString loadScriptText(const QFileInfo &fileName)
+{
+    QFile file(fileName.absoluteFilePath());
+    // Opened for writing too, as the tab may save to it later; a file
+    // without write permission is still shown rather than left blank.
+    if (!file.open(QIODevice::ReadWrite))
+        file.open(QIODevice::ReadOnly);
+
+    QTextStream stream(&file);
+    stream.setEncoding(QStringConverter::Utf8);
+
+    if (!isIniScriptName(fileName.fileName()))
+        return stream.readAll();
+
+    // "[section]" lines go; "n0=alias x" keeps what follows the first "=",
+    // whatever the key was. Every line ends in a line feed, so the text
+    // ends with an empty last line.
+    QString doc;
+    while (!stream.atEnd()) {
+        QString line = stream.readLine();
+        if (!line.isEmpty() && line.at(0) == QLatin1Char('['))
+            continue;
+        const int eq = line.indexOf(QLatin1Char('='));
+        if (eq >= 0)
+            line.remove(0, eq + 1);
+        doc += line;
+        doc += QLatin1Char('\n');
+    }
+    return doc;
+}
