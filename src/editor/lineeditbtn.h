@@ -46,8 +46,6 @@ private:
 
     bool hide = true;
     QToolButton *sideButton = nullptr;
-
-    friend class LineEditBtnTestAccess;
 };
 
 #endif // LINEEDITBTN_H
