@@ -166,6 +166,45 @@ private:
     void parseTerminatedComment(const QString &str, int &pos, int &brackets, int start);
     void parseUnterminatedComment(const QString &str, int &pos, int start);
 
+    // Event header steps (highlighter_events.cpp). The event word of the
+    // header being read: its lowercased text, where it starts, the block
+    // name its reports carry.
+    struct EventWord
+    {
+        QString event;
+        int start = 0;
+        int length = 0;
+        QString block;
+    };
+    bool takeEventParameter(const QString &str, int &pos, const EventWord &ev,
+                            const QString &missing, QString &param);
+    bool eventVariableTest(int pos, const QString &token,
+                           const QString &block, const QString &message);
+    void walkMixedTargets(int pos, const QString &target,
+                          const QString &block);
+    void walkChannelTargets(int pos, const QString &target,
+                            const QString &block);
+    void checkWindowTarget(int pos, const QString &target,
+                           const QString &block);
+    void walkKeys(int pos, const QString &keys, const QString &block);
+    void checkDialogEventType(int pos, const QString &eventType, const EventWord &ev);
+    void checkDialogEventId(int pos, const QString &id, const EventWord &ev);
+
+    // Dialog table steps (highlighter_dialogtables.cpp).
+    enum DialogToken { PlainDialogToken, ClosingDialogToken, ExpressionDialogToken };
+    DialogToken treatDialogToken(const QString &str, int &pos, const QString &token,
+                                 bool markBracketOnly);
+    int parseDialogOption(const QString &str, int &pos);
+    int parseDialogSize(const QString &str, int &pos);
+    int parseDialogTitle(const QString &str, int &pos);
+    int parseDialogControl(const QString &str, int &pos, const QString &keyword, int keywordLength);
+    int parseDialogListControl(const QString &str, int &pos, const QString &keyword,
+                               int keywordLength);
+    bool takeDialogQuotedString(const QString &str, int &pos);
+    void scanDialogField(const QString &str, int &pos, int k, int keywordLength, bool textField);
+    int parseDialogStyles(const QString &str, int &pos, const QString &obj);
+    int parseDialogCommentOrRest(const QString &str, int pos, const QString &token, int tokenLength);
+
     QString fname;
     bool mlineInEffect = false;
     bool parseNoMore = false; // declared, never read or written
