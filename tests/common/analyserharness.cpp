@@ -2,6 +2,7 @@
 
 #include "devsettings.h"
 
+#include <QPlainTextDocumentLayout>
 #include <QTextBlock>
 #include <algorithm>
 
@@ -14,6 +15,9 @@ AnalyserHarness::AnalyserHarness(QObject *parent)
     : QObject(parent)
 {
     ensureSettings();
+    // A document reports its edits only once it has a layout; give it the
+    // one the script editor uses, so that edits re-run the analysis.
+    doc.setDocumentLayout(new QPlainTextDocumentLayout(&doc));
     hl = new MslSyntaxHighlighter(&doc);
     connect(hl, &MslSyntaxHighlighter::updateError, this, &AnalyserHarness::onUpdateError,
             Qt::DirectConnection);
@@ -151,6 +155,22 @@ QStringList AnalyserHarness::columnFormats(int block) const
     for (int c = 0; c < b.length() - 1; ++c)
         out << formatName(formatAt(block, c));
     return out;
+}
+
+QString AnalyserHarness::formatRuns(int block) const
+{
+    const QStringList cols = columnFormats(block);
+    QStringList runs;
+    int c = 0;
+    while (c < cols.size()) {
+        int e = c + 1;
+        while (e < cols.size() && cols.at(e) == cols.at(c))
+            ++e;
+        if (cols.at(c) != QLatin1String("none"))
+            runs << QStringLiteral("%1@%2+%3").arg(cols.at(c)).arg(c).arg(e - c);
+        c = e;
+    }
+    return runs.join(QLatin1Char(' '));
 }
 
 void AnalyserHarness::onUpdateError(int lineNum, int linePos, QString fname, QString block,

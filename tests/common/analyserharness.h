@@ -73,6 +73,9 @@ public:
     static QString formatName(const QTextCharFormat &fmt);
     // Per column of a line, the formatName of its format: "ctrlFmt" etc.
     QStringList columnFormats(int block) const;
+    // Runs of equal formats on a line, plain text left out:
+    // "cmdFmt@0+4 ctrlFmt@5+1".
+    QString formatRuns(int block) const;
 
 private:
     void onUpdateError(int lineNum, int linePos, QString fname, QString block, QString id,
