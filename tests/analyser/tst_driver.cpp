@@ -240,6 +240,20 @@ void TestDriver::script_data()
         << QStringList{brief(2, 8, 3, "Dialog", noBracket), brief(3, 3, 3, "root", illFormed)}
         << QStringList{"*", "*", "errFmt@0+6"};
 
+    QTest::newRow("comment inside a dialog")
+        << QStringList{"dialog x {", "/* c", "more", "  */  t u ", "}", "echo"}
+        << QList<int>{0x100, 0x101, 0x101, 0x100, 1, 1}
+        << QStringList{brief(4, 6, 3, "Dialog", trailing)}
+        << QStringList{"*", "*", "commentFmt@0+4", "commentFmt@0+6 errFmt@6+3 commentFmt@9+1",
+                       "*", "errFmt@0+4"};
+    // The lines inside a table's comment write their states without the
+    // group.
+    QTest::newRow("comment inside a dialog loses the group")
+        << QStringList{"#g on", "dialog x {", "/* c", "*/", "}", "#g end"}
+        << QList<int>{0x75000, 0x75100, 0x75101, 0x100, 1, 1}
+        << QStringList{brief(6, 3, 3, "root", illFormed)}
+        << QStringList{"*", "*", "*", "commentFmt@0+2", "*", "errFmt@0+6"};
+
     // --- event word
     QTest::newRow("on alone is an unknown line")
         << QStringList{"on", "ON"} << QList<int>{1, 1} << QStringList{}
