@@ -119,6 +119,10 @@ void MslSyntaxHighlighter::parseVarInId(const QString &str, int &pos)
 
 void MslSyntaxHighlighter::parseCmdLine(const QString &str, int &pos, int &brackets)
 {
+    const NestingGuard guard(this, pos);
+    if (guard.stopped())
+        return;
+
     eatSpaces(str, pos);
     const int cmdStart = pos;
     eatNSpaces(str, pos);
@@ -195,7 +199,7 @@ void MslSyntaxHighlighter::parseCmdLine(const QString &str, int &pos, int &brack
             }
         }
 
-        if (mlineInEffect)
+        if (mlineInEffect || spend(1, pos))
             return;
         if (pos < str.size())
             wasSpace = str.at(pos).isSpace();

@@ -77,6 +77,9 @@ CBlockData *MslSyntaxHighlighter::currentRecord()
 
 void MslSyntaxHighlighter::throwError(int type, int pos, QString block, const QString &error)
 {
+    // Past the line's budget only the one report that says so goes out.
+    if (!reportAllowed(pos))
+        return;
     int errId = 0;
     emit updateError(currentLineNumber(), pos, fname, block, QStringLiteral("???"), type, error,
                      errId);

@@ -50,6 +50,7 @@ void MslSyntaxHighlighter::highlightBlock(const QString &str)
 
     inCalc = false;
     mlineInEffect = false;
+    startBudget(str);
 
     if (c == TopLevel) {
         parseTopLevelLine(str, false);
@@ -65,6 +66,8 @@ void MslSyntaxHighlighter::highlightBlock(const QString &str)
     } else {
         dispatchBody(str, c, false);
     }
+
+    finishBudget(str);
 }
 
 void MslSyntaxHighlighter::parseTopLevelLine(const QString &str, bool inGroup)

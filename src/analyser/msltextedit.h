@@ -137,8 +137,35 @@ protected:
 private slots:
     void remError(QVector<int> &errs);
 
+    // Paints like QSyntaxHighlighter::setFormat, and charges the line's
+    // work budget; once the budget is spent nothing more is painted.
+    void setFormat(int start, int count, const QTextCharFormat &format);
+
 private:
     CBlockData *currentRecord();
+
+    // Work budget of one line (highlighter_budget.cpp). A line that would
+    // take absurd time or stack is stopped, painted and reported once.
+    class NestingGuard
+    {
+    public:
+        NestingGuard(MslSyntaxHighlighter *hl, int pos);
+        ~NestingGuard();
+        bool stopped() const;
+
+    private:
+        MslSyntaxHighlighter *hl;
+    };
+    void startBudget(const QString &str);
+    bool spend(qint64 steps, int pos);
+    bool reportAllowed(int pos);
+    void stopAnalysis(int pos);
+    void finishBudget(const QString &str);
+    qint64 budgetLeft = 0;
+    int budgetDepth = 0;
+    int budgetStopPos = -1;
+    bool budgetStopped = false;
+    bool budgetReporting = false;
 
     // Line driver steps (highlighter_driver.cpp).
     void parseTopLevelLine(const QString &str, bool inGroup);
