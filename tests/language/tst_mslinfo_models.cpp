@@ -157,10 +157,14 @@ void TestMslInfoModels::comProgIds()
     for (int r = 0; r < expected.size(); ++r)
         QCOMPARE(model->index(r, 0).data().toString(), expected.at(r).first);
     QCOMPARE(model->index(0, 0).data().toString(), QStringLiteral("WScript.Shell"));
-    QVERIFY(texts(model).contains(QStringLiteral("Skype Skype4COM.Skype"))); // A fresh model at every call.
+    QVERIFY(texts(model).contains(QStringLiteral("Skype Skype4COM.Skype")));
+
+    // A fresh model at every call.
     QAbstractItemModel *again = MslInfo::getComProIds(&owner);
     QVERIFY(again != model);
-    QCOMPARE(texts(again), texts(model)); // Neither model nor completer sorts: the popup keeps table order.
+    QCOMPARE(texts(again), texts(model));
+
+    // Neither model nor completer sorts: the popup keeps table order.
     QCompleter *completer = MslInfo::getComCompleter(&owner);
     QStringList all;
     for (const auto &row : expected)
@@ -197,7 +201,9 @@ void TestMslInfoModels::colorCodeRows()
             }
         }
     }
-    QCOMPARE(gotSet, wanted); // Grouped by foreground, "%.2d" of each number leading its group.
+    QCOMPARE(gotSet, wanted);
+
+    // Grouped by foreground, "%.2d" of each number leading its group.
     for (int n = 0; n < 16; ++n) {
         const int start = got.indexOf(ctrlK + numberForms(n).first());
         QVERIFY(start >= 0);
@@ -268,7 +274,8 @@ void TestMslInfoModels::colorCompleterPrefix_data()
     for (int nn = 0; nn < 16; ++nn)
         fourWithBackground << ctrlK + QStringLiteral("4,%1").arg(nn, 2, 10, QLatin1Char('0'));
     for (int nn = 0; nn < 10; ++nn)
-        fourWithBackground << ctrlK + QStringLiteral("4,%1").arg(nn); // Interleaved as the model has them: 4,00 4,0 4,01 4,1 ...
+        fourWithBackground << ctrlK + QStringLiteral("4,%1").arg(nn);
+    // Interleaved as the model has them: 4,00 4,0 4,01 4,1 ...
     std::stable_sort(fourWithBackground.begin(), fourWithBackground.end(),
                      [](const QString &a, const QString &b) {
                          return a.section(QLatin1Char(','), 1).toInt()
@@ -292,7 +299,9 @@ void TestMslInfoModels::colorCompleterPrefix()
     const QStringList got = completions(completer, prefix);
     QCOMPARE(got, expected);
     if (prefix == ctrlK + QStringLiteral("4,"))
-        QCOMPARE(got.size(), 26); // The bare control character lists every row.
+        QCOMPARE(got.size(), 26);
+
+    // The bare control character lists every row.
     QCOMPARE(completions(completer, QString(ctrlK)).size(), 702);
 }
 
@@ -356,7 +365,9 @@ void TestMslInfoModels::identIdsTableFirst()
     QCOMPARE(got.first(), QStringLiteral("$"));
     QCOMPARE(got.count(QStringLiteral("$decode")), 2);
     QVERIFY(!got.contains(QStringLiteral("$encode")));
-    QCOMPARE(got.last(), QStringLiteral("$xor")); // Without a document at all the table still stands.
+    QCOMPARE(got.last(), QStringLiteral("$xor"));
+
+    // Without a document at all the table still stands.
     QCOMPARE(MslInfo::getIdentIds(&owner, QTextBlock())->rowCount(), 207);
 }
 
@@ -408,7 +419,9 @@ void TestMslInfoModels::identIdsReflectsEdits()
 
     QObject owner;
     QCOMPARE(texts(MslInfo::getIdentIds(&owner, doc.firstBlock())).mid(207),
-             QStringList({ "$one" })); // No cache: the next list shows the records of the moment.
+             QStringList({ "$one" }));
+
+    // No cache: the next list shows the records of the moment.
     data->containedBlock = QStringLiteral("two");
     record(doc.lastBlock(), CBlockData::Alias, QStringLiteral("three"), false);
     QCOMPARE(texts(MslInfo::getIdentIds(&owner, doc.firstBlock())).mid(207),
@@ -416,7 +429,9 @@ void TestMslInfoModels::identIdsReflectsEdits()
 
     data->blockType = CBlockData::NoBlock;
     QCOMPARE(texts(MslInfo::getIdentIds(&owner, doc.firstBlock())).mid(207),
-             QStringList({ "$three" })); // Earlier models stay with their parent.
+             QStringList({ "$three" }));
+
+    // Earlier models stay with their parent.
     QCOMPARE(owner.findChildren<QAbstractItemModel *>().size(), 3);
 }
 
