@@ -1,0 +1,139 @@
+// Inputs no script author writes by hand, but a generator, a paste or a
+// binary file can: each must analyse to the end without a crash and without
+// a hang, and a line past the work budget says so once.
+
+#include "analyserharness.h"
+
+#include <QRandomGenerator>
+#include <QtTest>
+
+namespace {
+
+const QString tooComplex = QStringLiteral("Line too complex to analyse; analysis stopped here");
+
+int budgetReports(const AnalyserHarness &h, int line)
+{
+    int n = 0;
+    for (const HarnessReport &r : h.reportsOn(line)) {
+        if (r.message == tooComplex) {
+            ++n;
+            if (r.type != 2 || r.block != QLatin1String("block"))
+                return -1;
+        }
+    }
+    return n;
+}
+
+} // namespace
+
+class TestRobustness : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void manySeparatedCommands()
+    {
+        // Each bar nests the command parser once more.
+        QString line = QStringLiteral("  echo a");
+        for (int i = 0; i < 100000; ++i)
+            line += QStringLiteral(" | echo a");
+        AnalyserHarness h;
+        h.setLines({QStringLiteral("alias x {"), line, QStringLiteral("}"),
+                    QStringLiteral("alias y { echo b }")});
+        QCOMPARE(budgetReports(h, 2), 1);
+        const HarnessReport r = h.reportsOn(2).constLast();
+        // From the stop column on, the line is marked.
+        QCOMPARE(AnalyserHarness::formatName(h.formatAt(1, r.col)), QStringLiteral("errFmt"));
+        QCOMPARE(AnalyserHarness::formatName(h.formatAt(1, line.size() - 1)),
+                 QStringLiteral("errFmt"));
+        // Below the line the analysis goes on as usual: the bracket closes.
+        QCOMPARE(h.state(2), 1);
+        QCOMPARE(h.state(3), 1);
+        QCOMPARE(h.record(3)->containedBlock, QStringLiteral("y"));
+    }
+
+    void leadingBarsDoNotExplode()
+    {
+        // A leading bar analyses the rest of the line twice; forty of them
+        // would ask for 2^40 passes.
+        QString line = QStringLiteral("  ");
+        for (int i = 0; i < 40; ++i)
+            line += QStringLiteral("| ");
+        line += QStringLiteral("echo x {");
+        AnalyserHarness h;
+        h.setLines({QStringLiteral("alias x {"), line, QStringLiteral("}")});
+        QCOMPARE(budgetReports(h, 2), 1);
+        // Reports of the doubled passes are capped by the budget too.
+        QVERIFY(h.reports().size() < 2000);
+    }
+
+    void fewLeadingBarsStayExact()
+    {
+        // Below the budget the doubling is the required behaviour.
+        AnalyserHarness h;
+        h.setLines({QStringLiteral("alias x {"), QStringLiteral("  | | echo {"),
+                    QStringLiteral("}")});
+        QCOMPARE(budgetReports(h, 2), 0);
+        QCOMPARE(h.reportsOn(2).size(), 4);
+    }
+
+    void hugeSingleLine()
+    {
+        QString line = QStringLiteral("  echo ");
+        line += QString(10 * 1024 * 1024, QLatin1Char('a'));
+        line += QStringLiteral(" %var");
+        AnalyserHarness h;
+        h.setLines({QStringLiteral("alias x {"), line, QStringLiteral("}")});
+        QCOMPARE(budgetReports(h, 2), 0);
+        QCOMPARE(AnalyserHarness::formatName(h.formatAt(1, line.size() - 2)),
+                 QStringLiteral("varFmt"));
+        QCOMPARE(h.state(2), 1);
+    }
+
+    void halfAMillionLines()
+    {
+        QStringList lines;
+        lines.reserve(500000);
+        for (int i = 0; i < 500000 / 4; ++i) {
+            lines << QStringLiteral("alias a%1 {").arg(i) << QStringLiteral("  echo -a %x")
+                  << QStringLiteral("}") << QString();
+        }
+        AnalyserHarness h;
+        h.setLines(lines);
+        QCOMPARE(h.document()->blockCount(), 500000);
+        QCOMPARE(h.state(499997), 0x20001);
+        QCOMPARE(h.state(499998), 1);
+        QVERIFY(h.reports().isEmpty());
+    }
+
+    void binaryAndBrokenText_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QByteArray random(200000, '\0');
+        QRandomGenerator gen(42);
+        for (char &c : random)
+            c = char(gen.bounded(256));
+        QTest::newRow("random bytes with NULs") << random;
+        QTest::newRow("invalid UTF-8") << QByteArray("alias x {\n echo \xff\xfe\xc3 $a(\x80\n}\n");
+        QTest::newRow("CR-only line ends") << QByteArray("alias x {\r echo $a(b)\r}\r on *:text:*:#:{\r");
+        QTest::newRow("mixed line ends")
+            << QByteArray("alias x {\r\n echo a\n}\r#g on\r\n#g end\n\r\ndialog d {\r title \"x\"\n}");
+        QTest::newRow("NULs in code") << QByteArray("alias \0x {\n echo $a(\0,\0)\n}", 30);
+    }
+
+    void binaryAndBrokenText()
+    {
+        QFETCH(QByteArray, bytes);
+        AnalyserHarness h;
+        h.setText(QString::fromUtf8(bytes));
+        QVERIFY(h.document()->blockCount() >= 1);
+        // Whatever stands, every report points into its line.
+        for (const HarnessReport &r : h.reports()) {
+            QVERIFY(r.line >= 1 && r.line <= h.document()->blockCount());
+            QVERIFY(r.col >= 0);
+        }
+    }
+};
+
+QTEST_MAIN(TestRobustness)
+#include "tst_robustness.moc"
