@@ -276,7 +276,7 @@ void MdiChildBuilder::newSelection(QWidget *obj, QString str)
 
 void MdiChildBuilder::mousePressEvent(QMouseEvent *)
 {
-    qDebug() << "@@@@@@@@@@@@@@@@@\n";
+    qDebug("@@@@@@@@@@@@@@@@@\n");
 }
 
 void MdiChildBuilder::showGridTriggered(bool checked)
@@ -305,7 +305,7 @@ void MdiChildBuilder::decGridSize()
 
 void MdiChildBuilder::generateCode()
 {
-    qDebug() << "Code Generation goes here...\n";
+    qDebug("Code Generation goes here...\n");
 }
 
 void MdiChildBuilder::textValueChanged()

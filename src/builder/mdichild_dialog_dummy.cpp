@@ -426,6 +426,11 @@ Component *MdiChildDialogDummy::isValidDraggableComp(const QWidget *data)
     return nullptr;
 }
 
+QWidget *MdiChildDialogDummy::dragSource(const QDropEvent *event) const
+{
+    return qobject_cast<QWidget *>(event->source());
+}
+
 bool MdiChildDialogDummy::isPlaced(const QWidget *widget) const
 {
     for (const Component *c : components)
@@ -450,7 +455,7 @@ void MdiChildDialogDummy::dragEnterEvent(QDragEnterEvent *event)
         draggableObject = nullptr;
     }
     const bool gui = isValidDraggableGUI(event->mimeData());
-    const bool comp = isValidDraggableComp(qobject_cast<QWidget *>(event->source()));
+    const bool comp = isValidDraggableComp(dragSource(event));
     if (!gui && !comp)
         return;
     event->acceptProposedAction();
@@ -467,7 +472,7 @@ void MdiChildDialogDummy::dragLeaveEvent(QDragLeaveEvent *)
 void MdiChildDialogDummy::dragMoveEvent(QDragMoveEvent *event)
 {
     const QMimeData *data = event->mimeData();
-    QWidget *source = qobject_cast<QWidget *>(event->source());
+    QWidget *source = dragSource(event);
     if (!isValidDraggableGUI(data)) {
         Component *c = isValidDraggableComp(source);
         if (!c)

@@ -7,6 +7,7 @@
 #include <QVector>
 
 class QCheckBox;
+class QDropEvent;
 class QComboBox;
 class QGroupBox;
 class QLabel;
@@ -87,6 +88,10 @@ protected:
     void mouseMoveEvent(QMouseEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     bool eventFilter(QObject *object, QEvent *event) override;
+
+    // Where a drag came from; a seam so that drags can be replayed without
+    // a running drag manager.
+    virtual QWidget *dragSource(const QDropEvent *event) const;
 
 private:
     friend class TestDialogDummy;
