@@ -85,6 +85,13 @@ private slots:
     void insertColorCompletion(const QString &completion);
 
 private:
+    // Construction steps (msltexteditor.cpp).
+    void setupFont();
+    void buildGutter();
+    void buildCompleters();
+    void setupHover();
+    void setupContextMenu();
+
     // Keys (msltexteditor_keys.cpp).
     QString textUnderCursor() const;
     int textCurPos() const;
