@@ -7,6 +7,7 @@
 #include "mdichild_editor.h"
 #include "msltextedit.h"
 #include "msltexteditor.h"
+#include "newprojectdialog.h"
 #include "reportstore.h"
 
 #include <QAction>
@@ -20,12 +21,11 @@
 
 namespace {
 
-// The row of the tool that New makes: 4 is a script file. The chooser
-// dialog answers here once it exists.
+// The row of the tool that New makes (4 is a script file), -1 for Cancel.
 int chooseNewDocumentKind(QWidget *parent)
 {
-    Q_UNUSED(parent);
-    return 4;
+    NewProjectDialog chooser(parent);
+    return chooser.exec();
 }
 
 QString untitledName(unsigned int count)

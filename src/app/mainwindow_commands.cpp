@@ -7,10 +7,18 @@
 #include "mdichild_editor.h"
 #include "msltexteditor.h"
 
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QMetaObject>
+#include <QMimeData>
+#include <QProgressDialog>
 #include <QTabWidget>
+#include <QTextCursor>
 
 MdiChildEditor *MainWindow::currentEditorDocument() const
 {
+    // The current tab may be a builder.
     return dynamic_cast<MdiChildEditor *>(curWindow);
 }
 
@@ -22,9 +30,27 @@ void MainWindow::editorClosed(MdiChildEditor *win)
     }
 }
 
-// Filled in with the Edit menu.
 void MainWindow::editMenuAboutToShow()
 {
+    const QList<QAction *> actions = {undo, redo, cut, copy, paste, deleteB, selectAll, findReplace};
+    MdiChildEditor *doc = currentEditorDocument();
+    if (!doc || doc->getEditor()->isReadOnly()) {
+        // A read-only document offers not even Copy through the menu.
+        for (QAction *action : actions)
+            action->setEnabled(false);
+        return;
+    }
+    MslTextEditor *editor = doc->getEditor();
+    const bool selected = editor->textCursor().hasSelection();
+    const QMimeData *clip = QApplication::clipboard()->mimeData();
+    undo->setEnabled(editor->document()->availableUndoSteps() != 0);
+    redo->setEnabled(editor->document()->availableRedoSteps() != 0);
+    cut->setEnabled(selected);
+    copy->setEnabled(selected);
+    paste->setEnabled(clip && clip->hasText() && !clip->text().isEmpty());
+    deleteB->setEnabled(true);
+    selectAll->setEnabled(true);
+    findReplace->setEnabled(true);
 }
 
 void MainWindow::tabCloseRequested(int index)
@@ -33,36 +59,56 @@ void MainWindow::tabCloseRequested(int index)
     if (auto *doc = dynamic_cast<MdiChildEditor *>(widget)) {
         if (!doc->close())
             return;
-        edtWindows.removeAll(doc);
+        for (int i = 0; i < edtWindows.size(); ++i) {
+            if (edtWindows.at(i) == doc)
+                edtWindows.remove(i);
+        }
         mdiContainer->removeTab(index);
     } else if (auto *builder = dynamic_cast<MdiChildBuilder *>(widget)) {
         if (!builder->close())
             return;
-        bldWindows.removeAll(builder);
+        for (int i = 0; i < bldWindows.size(); ++i) {
+            if (bldWindows.at(i) == builder)
+                bldWindows.remove(i);
+        }
         mdiContainer->removeTab(index);
     }
 }
 
 void MainWindow::editorTitleChange(MdiChildEditor *win, QString title)
 {
+    // A document without a tab yet gives -1, which setTabText ignores.
     mdiContainer->setTabText(mdiContainer->indexOf(win), title);
 }
 
-// Filled in with the Edit menu.
+// The three update slots below are kept for a live Edit menu; nothing is
+// connected to them, as the menu works its state out when it opens.
 void MainWindow::editMenuUndoUpdate(bool available)
 {
-    Q_UNUSED(available);
+    undo->setEnabled(available);
 }
 
-// Filled in with the Edit menu.
 void MainWindow::editMenuRedoUpdate(bool available)
 {
-    Q_UNUSED(available);
+    redo->setEnabled(available);
 }
 
-// Filled in with the Edit menu.
 void MainWindow::editMenuSelectionUpdate()
 {
+    if (MdiChildEditor *doc = currentEditorDocument()) {
+        MslTextEditor *editor = doc->getEditor();
+        const bool selected = editor->textCursor().hasSelection();
+        cut->setEnabled(selected);
+        copy->setEnabled(selected);
+        paste->setEnabled(true);
+        deleteB->setEnabled(true);
+        selectAll->setEnabled(editor->document()->blockCount() != 0);
+        findReplace->setEnabled(true);
+        return;
+    }
+    paste->setEnabled(true);
+    for (QAction *action : {cut, copy, deleteB, selectAll, findReplace})
+        action->setEnabled(false);
 }
 
 void MainWindow::undoClicked()
@@ -95,45 +141,98 @@ void MainWindow::pasteClicked()
         doc->getEditor()->paste();
 }
 
-// Filled in with the Edit menu.
 void MainWindow::deleteClicked()
 {
+    MdiChildEditor *doc = currentEditorDocument();
+    if (!doc)
+        return;
+    MslTextEditor *editor = doc->getEditor();
+    QTextCursor cursor = editor->textCursor();
+    if (cursor.selectionEnd() == cursor.selectionStart())
+        cursor.deleteChar();
+    else
+        cursor.removeSelectedText();
+    editor->setTextCursor(cursor);
 }
 
 void MainWindow::selectAllClicked()
 {
-    if (MdiChildEditor *doc = currentEditorDocument())
+    if (MdiChildEditor *doc = currentEditorDocument()) {
         doc->getEditor()->selectAll();
+        doc->getEditor()->setFocus(Qt::OtherFocusReason);
+    }
 }
 
-// Filled in with the Edit menu.
 void MainWindow::findReplaceClicked()
 {
+    // The find bar's opener is a slot of the document, reached through its
+    // meta-object.
+    if (MdiChildEditor *doc = currentEditorDocument())
+        QMetaObject::invokeMethod(doc, "openSearchBox", Qt::DirectConnection);
 }
 
 void MainWindow::closeFile()
 {
+    // The tab goes with the deferred deletion of the document.
     if (curWindow)
         curWindow->close();
 }
 
-// Filled in with the File menu.
 void MainWindow::closeAllFiles()
 {
+    // A Cancel stops only its own document; the others are still asked.
+    const QVector<MdiChildEditor *> editors = edtWindows;
+    for (MdiChildEditor *doc : editors)
+        doc->close();
+    const QVector<MdiChildBuilder *> builders = bldWindows;
+    for (MdiChildBuilder *builder : builders)
+        builder->close();
 }
 
-// Filled in with the File menu.
 void MainWindow::closeAllButActive()
 {
+    const QVector<MdiChildEditor *> editors = edtWindows;
+    for (MdiChildEditor *doc : editors) {
+        if (doc != curWindow)
+            doc->close();
+    }
+    const QVector<MdiChildBuilder *> builders = bldWindows;
+    for (MdiChildBuilder *builder : builders) {
+        if (builder != curWindow)
+            builder->close();
+    }
 }
 
-// Filled in with the File menu.
 void MainWindow::saveAll()
 {
+    // Every writable document is written, changed or not; a failure or a
+    // cancel does not stop the walk.
+    const QVector<MdiChildEditor *> editors = edtWindows;
+    for (MdiChildEditor *doc : editors) {
+        if (doc->getEditor()->isReadOnly())
+            continue;
+        bool saved = false;
+        QMetaObject::invokeMethod(doc, "saveFileClicked", Qt::DirectConnection,
+                                  Q_RETURN_ARG(bool, saved));
+    }
 }
 
-// Filled in with the sync dock.
 void MainWindow::openAllFiles(QString ddeIndex)
 {
-    Q_UNUSED(ddeIndex);
+    // operator[] makes an empty entry for an unknown server.
+    const QVector<QFileInfo> serverFiles = files[ddeIndex];
+    QProgressDialog progress(tr("Opening files..."), tr("Abort"), 0, serverFiles.size(), this);
+    progress.setWindowFlags(progress.windowFlags() & ~Qt::WindowContextHelpButtonHint);
+    progress.setWindowModality(Qt::WindowModal);
+    int nfile = 0;
+    for (const QFileInfo &file : serverFiles) {
+        progress.setValue(nfile);
+        ++nfile;
+        progress.show();
+        openFile(file, false);
+        progress.show();
+        if (progress.wasCanceled())
+            break;
+    }
+    progress.setValue(nfile);
 }
