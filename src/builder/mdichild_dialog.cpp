@@ -205,6 +205,9 @@ QDockWidget *MdiChildBuilder::setupPropBox()
     label = new QLabel(QStringLiteral("Main Dialog"), box);
     table = new QTableWidget(box);
     table->verticalHeader()->hide();
+    // The header clamps to its font-derived minimum, which is taller than
+    // the compact rows wanted here.
+    table->verticalHeader()->setMinimumSectionSize(15);
     table->verticalHeader()->setDefaultSectionSize(15);
     table->setColumnCount(2);
     table->setHorizontalHeaderLabels({QStringLiteral("Property"), QStringLiteral("Value")});
