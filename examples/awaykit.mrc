@@ -16,6 +16,8 @@
 
 ; --- 1. settings and helpers -----------------------------------------------
 
+rem Older copies kept these settings in awaykit.ini; they are read no more.
+
 alias -l awaykit.default {
   ; Fills a setting only when it is not set yet.
   if ($1 == $null) { return }
@@ -76,6 +78,7 @@ alias away {
   scid -a away %reason
   if (%awaykit.nick) { nick %awaykit.nick }
   if (%awaykit.notify == on) {
+    ; xxx: amsg reaches every channel, moderated ones too
     scid -a amsg is away: %reason
   }
   awaykit.say Away since $time $+ : %reason
@@ -96,7 +99,10 @@ alias back {
   unset %awaykit.since %awaykit.oldnick
 }
 
-alias awaykit.toggle { if ($away) { back } | else { away $1- } }
+alias awaykit.toggle {
+  if ($away) { back }
+  else { away $1- }
+}
 
 on *:start:{
   awaykit.init
@@ -228,7 +234,7 @@ dialog -l awaykit {
   check "Tell the channels", 6, 10 44 80 10
   check "Come back on input", 7, 92 44 80 10
 
-  ; the idle time is in seconds
+  ; todo: offer minutes as well as seconds
   text "Idle after:", 8, 10 70 30 8
   edit "", 9, 42 68 30 10, right
   combo 10, 80 68 50 40, drop
