@@ -10,6 +10,9 @@
 
 class QCompleter;
 class QFocusEvent;
+class QModelIndex;
+class QTextBlock;
+struct Identifier;
 class QKeyEvent;
 class QMouseEvent;
 class QPaintEvent;
@@ -93,6 +96,14 @@ private:
     void setupContextMenu();
 
     // Keys (msltexteditor_keys.cpp).
+    void handleReturn(QKeyEvent *event, bool &autofill);
+    void handleCallTip(QKeyEvent *event, bool &bracket);
+    void servePopup(QCompleter *completer, QChar marker, QKeyEvent *event);
+    void serveProgIdPopup(QKeyEvent *event);
+    void openCompleter(QCompleter *completer, const QModelIndex &first);
+    bool anyPopupVisible() const;
+    // The identifier of `block` that `pos` stands in; the innermost wins.
+    static const Identifier *innermostIdent(const QTextBlock &block, int pos);
     QString textUnderCursor() const;
     int textCurPos() const;
     int prevLineSpaceCount();

@@ -38,16 +38,7 @@ void MslTextEditor::mouseMoveEvent(QMouseEvent *e)
 void MslTextEditor::processMouseHover()
 {
     const QTextCursor cursor = cursorForPosition(hoverPoint);
-    const CBlockData *data = static_cast<CBlockData *>(cursor.block().userData());
-
-    const Identifier *cident = nullptr;
-    if (data) {
-        const int cpos = cursor.positionInBlock();
-        for (const Identifier &id : data->idents) {
-            if (cpos > id.start && cpos <= id.end && (!cident || id.start > cident->start))
-                cident = &id;
-        }
-    }
+    const Identifier *cident = innermostIdent(cursor.block(), cursor.positionInBlock());
 
     if (cident && cident->hasPayload) {
         const QString syntax = MslInfo::getIdentSyntaxAt(cident->name, -1);
