@@ -189,6 +189,28 @@ private:
     void parseOpeningBracketInVarCmd(const QString &str, int &pos, int &brackets);
     void parseClosingBracketInVarCmd(const QString &str, int &pos, int &brackets);
 
+    // Identifier expression steps (highlighter_identifiers.cpp). The locals
+    // of one identifier being read travel between the steps in IdentScan.
+    struct IdentScan;
+    void skipDeferredIdent(const QString &str, int &pos, int inIdent);
+    void parseIdentArgs(const QString &str, int &pos, int &brackets, int inIdent,
+                        IdentScan &id);
+    void stepIdentArg(const QString &str, int &pos, IdentScan &id);
+    bool parseIifCondition(const QString &str, int &pos);
+    void closeIdent(const QString &str, int &pos, int inIdent, IdentScan &id);
+    void checkIdent(int pos, IdentScan &id);
+    void saveIdent(const QString &str, int &pos, IdentScan &id);
+
+    // Condition steps (highlighter_conditions.cpp). The scans return true
+    // when they left the condition altogether, false at the end of the line.
+    bool scanBracketedCond(const QString &str, int &pos, int &brackets, bool within,
+                           bool startBracket, int braces);
+    bool scanPlainCond(const QString &str, int &pos, int &brackets);
+    void parseSubCond(const QString &str, int &pos, int &brackets);
+    void parseVarInCond(const QString &str, int &pos);
+    void chainConds(const QString &str, int &pos, int &brackets);
+    void closeCond(const QString &str, int &pos, bool within, bool startBracket);
+
     // Inlined multi-line comment steps (highlighter_comments.cpp).
     void parseTerminatedComment(const QString &str, int &pos, int &brackets, int start);
     void parseUnterminatedComment(const QString &str, int &pos, int start);
