@@ -1,0 +1,224 @@
+#ifndef SPINETESTSUPPORT_H
+#define SPINETESTSUPPORT_H
+
+// Shared by the tests of the main window's spine and its report dock: a
+// reach into the window's private parts, files in a temporary folder, and
+// a driver for the chooser, message boxes and popup menus that come up in
+// nested event loops.
+
+#include "devsettings.h"
+#include "mainwindow.h"
+#include "mdichild_dialog.h"
+#include "mdichild_editor.h"
+#include "msltextedit.h"
+#include "msltexteditor.h"
+#include "reportstore.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QDockWidget>
+#include <QFile>
+#include <QHeaderView>
+#include <QListWidget>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPointer>
+#include <QSettings>
+#include <QStandardItemModel>
+#include <QTabWidget>
+#include <QTest>
+#include <QTimer>
+#include <QTreeView>
+
+#include <functional>
+
+class MainWindowTestAccess
+{
+public:
+    explicit MainWindowTestAccess(MainWindow *window) : w(window) {}
+
+    QTabWidget *tabs() const { return w->mdiContainer; }
+    QDockWidget *reportDock() const { return w->reportContainer; }
+    QTabWidget *reportTabs() const { return w->tabs; }
+    QTreeView *debugView() const { return w->tree; }
+    QTreeView *messagesView() const { return w->msgs; }
+    QStandardItemModel *debug() const { return w->layout; }
+    QStandardItemModel *messages() const { return w->msgsLayout; }
+    QVector<MdiChildEditor *> editors() const { return w->edtWindows; }
+    QVector<MdiChildBuilder *> builders() const { return w->bldWindows; }
+    QWidget *current() const { return w->curWindow; }
+    unsigned int tCount() const { return w->tCount; }
+    QVector<QString> ddeServers() const { return w->ddeServers; }
+    QAction *wordWrap() const { return w->wordWrap; }
+    QAction *closeMenu() const { return w->closeMenu; }
+    ReportStore *store() const { return w->reportStore; }
+
+    void newFile() { w->newFile(); }
+    void openFile(const QString &path, bool readOnly) { w->openFile(QFileInfo(path), readOnly); }
+    void updateError(int line, int col, const QString &file, const QString &block, int type,
+                     const QString &message, int &id)
+    {
+        w->updateError(line, col, file, block, QStringLiteral("???"), type, message, id);
+    }
+    int report(int line, int col, const QString &file, const QString &block, int type,
+               const QString &message)
+    {
+        int id = 0;
+        updateError(line, col, file, block, type, message, id);
+        return id;
+    }
+    void removeError(QVector<int> ids) { w->removeError(ids); }
+    void editorFclosed(const QString &path) { w->editorFclosed(QFileInfo(path)); }
+    void editorErrUpdate(const QString &path, MdiChildEditor *doc)
+    {
+        w->editorErrUpdate(QFileInfo(path), doc);
+    }
+    void debugDClick(const QModelIndex &index) { w->debugDClick(index); }
+    void statusDClick(const QModelIndex &index) { w->statusDClick(index); }
+    void customDebugMenu(const QPoint &p) { w->customDebugMenu(p); }
+    void customMessageMenu(const QPoint &p) { w->customMessageMenu(p); }
+    void tabChangedRequested(int index) { w->tabChangedRequested(index); }
+
+private:
+    MainWindow *w;
+};
+
+// Answers what comes up inside a nested event loop: modal dialogs and
+// popup menus. Each answer is handed the widget and acts on it; every
+// widget met is recorded by its window title or, for a menu, the texts of
+// its entries.
+class NestedLoopDriver : public QObject
+{
+public:
+    using Answer = std::function<void(QWidget *)>;
+
+    explicit NestedLoopDriver(QList<Answer> answers = {})
+        : pending(std::move(answers))
+    {
+        timer.setInterval(10);
+        QObject::connect(&timer, &QTimer::timeout, this, [this] { poll(); });
+        timer.start();
+    }
+
+    // Picks a row of the New chooser and confirms it.
+    static Answer chooseRow(int row)
+    {
+        return [row](QWidget *w) {
+            auto *list = w->findChild<QListWidget *>();
+            auto *box = w->findChild<QDialogButtonBox *>();
+            if (list && box && box->button(QDialogButtonBox::Ok)) {
+                list->setCurrentRow(row);
+                box->button(QDialogButtonBox::Ok)->click();
+            } else if (auto *dialog = qobject_cast<QDialog *>(w)) {
+                dialog->done(row);
+            }
+        };
+    }
+
+    static Answer clickButton(QMessageBox::StandardButton which)
+    {
+        return [which](QWidget *w) {
+            auto *box = qobject_cast<QMessageBox *>(w);
+            if (box && box->button(which))
+                box->button(which)->click();
+            else if (auto *dialog = qobject_cast<QDialog *>(w))
+                dialog->reject();
+        };
+    }
+
+    // Chooses the menu entry with this text.
+    static Answer chooseEntry(const QString &text)
+    {
+        return [text](QWidget *w) {
+            auto *menu = qobject_cast<QMenu *>(w);
+            if (!menu)
+                return;
+            for (QAction *a : menu->actions()) {
+                if (a->text() == text) {
+                    menu->setActiveAction(a);
+                    QTest::keyClick(menu, Qt::Key_Return);
+                    return;
+                }
+            }
+            menu->close();
+        };
+    }
+
+    QStringList seen;
+    int left() const { return int(pending.size()); }
+
+private:
+    void poll()
+    {
+        QWidget *w = QApplication::activePopupWidget();
+        if (!w)
+            w = QApplication::activeModalWidget();
+        if (!w || w == last)
+            return;
+        last = w;
+        if (auto *menu = qobject_cast<QMenu *>(w)) {
+            QStringList entries;
+            for (QAction *a : menu->actions())
+                entries << a->text();
+            seen << QStringLiteral("menu:") + entries.join(QLatin1Char('|'));
+        } else if (auto *box = qobject_cast<QMessageBox *>(w)) {
+            seen << box->windowTitle() + QLatin1Char('|') + box->text();
+        } else {
+            seen << w->windowTitle();
+        }
+        if (pending.isEmpty()) {
+            // Nothing was expected: close it so that the test goes on.
+            if (auto *menu = qobject_cast<QMenu *>(w))
+                menu->close();
+            else if (auto *dialog = qobject_cast<QDialog *>(w))
+                dialog->reject();
+            return;
+        }
+        pending.takeFirst()(w);
+    }
+
+    QTimer timer;
+    QList<Answer> pending;
+    QPointer<QWidget> last;
+};
+
+inline void useSettingsFolder(const QString &folder)
+{
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder);
+}
+
+inline void initialiseAnalyser()
+{
+    static bool done = false;
+    if (!done) {
+        DevSettings::InitializeAllSettings();
+        done = true;
+    }
+}
+
+inline QString writeFile(const QString &path, const QByteArray &bytes)
+{
+    QFile f(path);
+    if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        return QString();
+    f.write(bytes);
+    return path;
+}
+
+// Rows of a report model as "file|line|col|...|text", in view order.
+inline QStringList modelRows(const QStandardItemModel *m)
+{
+    QStringList rows;
+    for (int r = 0; r < m->rowCount(); ++r) {
+        QStringList cells;
+        for (int c = 0; c < m->columnCount(); ++c)
+            cells << m->data(m->index(r, c), Qt::EditRole).toString();
+        rows << cells.join(QLatin1Char('|'));
+    }
+    return rows;
+}
+
+#endif // SPINETESTSUPPORT_H
