@@ -189,7 +189,7 @@ alias massvoice {
   }
 }
 
-on *:join:#: {
+on *:join:*: {
   if ($nick == $me) { return }
   if ($chantools.isop($chan)) && ($ulevel >= 10) {
     .timer 1 2 mode $chan +o $nick
@@ -235,7 +235,7 @@ dialog -l awaykit {
   check "Come back on input", 7, 92 44 80 10
 
   ; todo: offer minutes as well as seconds
-  text "Idle after:", 8, 10 70 30 8
+  text "Idle after:", 8, 10 70 30 8, left
   edit "", 9, 42 68 30 10, right
   combo 10, 80 68 50 40, drop
 

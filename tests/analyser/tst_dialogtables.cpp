@@ -4,6 +4,7 @@
 #include "analyserharness.h"
 #include "devsettings.h"
 
+#include <QRandomGenerator>
 #include <QtTest>
 
 namespace {
@@ -35,8 +36,11 @@ private slots:
     void keywordMessages();
     void styleWords_data();
     void styleWords();
+    void identifierWithCommas_data();
+    void identifierWithCommas();
     void tableStates_data();
     void tableStates();
+    void randomStatementsEndInAKnownState();
 };
 
 void TestDialogTables::statement_data()
@@ -361,6 +365,45 @@ void TestDialogTables::styleWords()
     QVERIFY(h.hasFormat(3, head.size(), rejected.size(), DevSettings::errFmt));
 }
 
+void TestDialogTables::identifierWithCommas_data()
+{
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<QStringList>("reports");
+    QTest::addColumn<QString>("marked"); // "start+length,start+length"
+
+    QTest::newRow("text field")
+        << "text $foo(a,b), 1, 2 3 4 5"
+        << QStringList{dlg(5, "Identifier cannot contain commas")} << "1+4,5+8";
+    QTest::newRow("text field, wider gap")
+        << "text   $foo(a,b), 1, 2 3 4 5"
+        << QStringList{dlg(7, "Identifier cannot contain commas")} << "3+4,7+8";
+    QTest::newRow("id field")
+        << "text \"a\", $foo(a,b), 2 3 4 5"
+        << QStringList{dlg(10, "Identifier cannot contain commas")} << "0+4,10+8";
+    QTest::newRow("size field of a list")
+        << "list 1, 1 $foo(a,b) 3 4"
+        << QStringList{dlg(10, "Identifier cannot contain commas")} << "0+4,10+8";
+    QTest::newRow("identifier without commas")
+        << "text \"a\", $id, 2 3 4 5" << QStringList() << "";
+}
+
+void TestDialogTables::identifierWithCommas()
+{
+    QFETCH(QString, line);
+    QFETCH(QStringList, reports);
+    QFETCH(QString, marked);
+
+    AnalyserHarness h;
+    h.setLines({QStringLiteral("dialog d {"), line});
+    QCOMPARE(h.briefs(), reports);
+    for (const QString &range : marked.split(QLatin1Char(','), Qt::SkipEmptyParts)) {
+        const int start = range.section(QLatin1Char('+'), 0, 0).toInt();
+        const int length = range.section(QLatin1Char('+'), 1, 1).toInt();
+        QVERIFY2(h.hasFormat(1, start, length, DevSettings::errFmt), qPrintable(range));
+    }
+    QCOMPARE(h.state(1), 256);
+}
+
 void TestDialogTables::tableStates_data()
 {
     QTest::addColumn<QStringList>("lines");
@@ -396,6 +439,28 @@ void TestDialogTables::tableStates()
         got << h.state(i);
     QCOMPARE(got, states);
     QCOMPARE(h.briefs(), reports);
+}
+
+void TestDialogTables::randomStatementsEndInAKnownState()
+{
+    // Statements made of the characters the scanners care about, behind
+    // every keyword: whatever they hold, the line ends in one of the three
+    // table states and nothing is read outside the line.
+    const QStringList keywords = {"option", "size", "title", "tab",  "text", "button", "edit",
+                                  "check",  "radio", "box",  "scroll", "link", "menu", "item",
+                                  "list",   "combo", "icon", "}",    ";",    "rem",  "/*", "x"};
+    const QString alphabet = QStringLiteral(" ,,\"$%()}{a1-:;/*\t");
+    QRandomGenerator rng(20240611);
+    AnalyserHarness h;
+    for (int round = 0; round < 400; ++round) {
+        QString line = keywords.at(rng.bounded(keywords.size()));
+        const int n = rng.bounded(24);
+        for (int i = 0; i < n; ++i)
+            line += alphabet.at(rng.bounded(alphabet.size()));
+        h.setLines({QStringLiteral("dialog d {"), line});
+        const int state = h.state(1);
+        QVERIFY2(state == 1 || state == 256 || state == 257, qPrintable(line));
+    }
 }
 
 QTEST_MAIN(TestDialogTables)

@@ -4,6 +4,7 @@
 #include "analyserharness.h"
 #include "devsettings.h"
 
+#include <QRandomGenerator>
 #include <QtTest>
 
 namespace {
@@ -53,9 +54,11 @@ private slots:
     void missingParameter_data();
     void missingParameter();
     void allEventNamesAreKnown();
+    void identifierParsedAtBlockColumns();
     void colonInsideIdentifierEndsParameter();
     void bodyAfterHeader_data();
     void bodyAfterHeader();
+    void randomHeadersNeverBreakTheLine();
 };
 
 void TestEvents::header_data()
@@ -363,6 +366,23 @@ void TestEvents::allEventNamesAreKnown()
         QCOMPARE(recordOf(h, i), QStringLiteral("-"));
 }
 
+void TestEvents::identifierParsedAtBlockColumns()
+{
+    AnalyserHarness h;
+    h.setText(QStringLiteral("on *:text:$(%a b):#:"));
+    // The identifier parser runs on a padded copy, so what it colours and
+    // records lands on the columns of the block.
+    QVERIFY(h.hasFormat(0, 10, 2, DevSettings::identFmt));
+    QVERIFY(h.hasFormat(0, 12, 2, DevSettings::varFmt));
+    const CBlockData *rec = h.record(0);
+    QVERIFY(rec && !rec->idents.isEmpty());
+    QCOMPARE(rec->idents.first().start, 10);
+    QCOMPARE(rec->matchtext, QStringLiteral("$(%a b)"));
+    // No variable-test message for the wrapped form.
+    for (const QString &b : h.briefs())
+        QVERIFY2(!b.contains(matchVars), qPrintable(b));
+}
+
 void TestEvents::colonInsideIdentifierEndsParameter()
 {
     AnalyserHarness h;
@@ -402,6 +422,34 @@ void TestEvents::bodyAfterHeader()
     for (int i = 0; i < lines.size(); ++i)
         got << h.state(i);
     QCOMPARE(got, states);
+}
+
+void TestEvents::randomHeadersNeverBreakTheLine()
+{
+    // Parameters made of the characters the walks care about. Whatever
+    // they hold, a known event stays an event header (unless a parameter
+    // is missing, which leaves state 1), and the saved name is the word.
+    const QStringList events = {"text", "join", "input", "open", "keydown", "dialog",
+                                "dccserver", "sockread", "connect", "vcmd", "logon"};
+    const QString alphabet = QStringLiteral(":::,,,*#?%$() a1-@=!{}");
+    QRandomGenerator rng(7);
+    AnalyserHarness h;
+    for (int round = 0; round < 400; ++round) {
+        const QString event = events.at(rng.bounded(events.size()));
+        QString line = QStringLiteral("on *:") + event + QLatin1Char(':');
+        const int n = rng.bounded(30);
+        for (int i = 0; i < n; ++i)
+            line += alphabet.at(rng.bounded(alphabet.size()));
+        h.setText(line);
+        const int state = h.state(0);
+        QVERIFY2(state == 1 || (state > 0x23000 && state < 0x25000), qPrintable(line));
+        const CBlockData *rec = h.record(0);
+        if (rec->blockType == CBlockData::Event)
+            QCOMPARE(rec->containedBlock, event);
+        for (const HarnessReport &r : h.reports())
+            QVERIFY2(r.block == QLatin1String("on ") + event || r.block != QLatin1String("Dialog"),
+                     qPrintable(line));
+    }
 }
 
 QTEST_MAIN(TestEvents)

@@ -4,6 +4,8 @@
 
 #include "analyserharness.h"
 
+#include <QFile>
+#include <algorithm>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QtTest>
@@ -37,6 +39,17 @@ QString describeRecord(const CBlockData *rec)
     return QString();
 }
 
+QStringList readLines(const QString &path)
+{
+    QFile f(path);
+    if (!f.open(QIODevice::ReadOnly))
+        return {};
+    QStringList lines = QString::fromUtf8(f.readAll()).split(QLatin1Char('\n'));
+    if (!lines.isEmpty() && lines.last().isEmpty())
+        lines.removeLast();
+    return lines;
+}
+
 } // namespace
 
 class TestWholeScript : public QObject
@@ -46,6 +59,7 @@ class TestWholeScript : public QObject
 private slots:
     void statesOfEveryLine();
     void editingTheMiddleRipplesDown();
+    void sampleScriptReports();
 };
 
 void TestWholeScript::statesOfEveryLine()
@@ -137,6 +151,38 @@ void TestWholeScript::editingTheMiddleRipplesDown()
     QCOMPARE(h.record(3)->blockType, int(CBlockData::Dialog));
     QCOMPARE(h.record(6)->blockType, int(CBlockData::Event));
     QCOMPARE(h.briefs(), QStringList());
+}
+
+void TestWholeScript::sampleScriptReports()
+{
+    // Every report of the shipped sample, one line each, in line order; the
+    // expectation is reviewed by hand, so any change of behaviour shows up
+    // as a difference here.
+    const QStringList script =
+        readLines(QStringLiteral(TARNWICK_SOURCE_DIR "/examples/awaykit.mrc"));
+    const QStringList expected =
+        readLines(QStringLiteral(TARNWICK_TEST_DATA_DIR "/awaykit.reports"));
+    QVERIFY(script.size() > 200);
+    QVERIFY(!expected.isEmpty());
+
+    AnalyserHarness h;
+    h.setLines(script);
+    QList<HarnessReport> reports = h.reports();
+    std::stable_sort(reports.begin(), reports.end(),
+                     [](const HarnessReport &a, const HarnessReport &b) { return a.line < b.line; });
+    QStringList got;
+    for (const HarnessReport &r : reports)
+        got << r.brief();
+
+    for (const QString &line : got) {
+        if (!expected.contains(line))
+            qWarning("unexpected: %s", qPrintable(line));
+    }
+    for (const QString &line : expected) {
+        if (!got.contains(line))
+            qWarning("missing: %s", qPrintable(line));
+    }
+    QCOMPARE(got, expected);
 }
 
 QTEST_MAIN(TestWholeScript)
