@@ -114,6 +114,10 @@ void MslSyntaxHighlighter::parseIf(const QString &str, int &pos, int &brackets)
 
 void MslSyntaxHighlighter::parseIfCond(const QString &str, int &pos, int &brackets, bool within)
 {
+    const NestingGuard guard(this, pos);
+    if (guard.stopped())
+        return;
+
     bool startBracket = false;
 
     eatSpaces(str, pos);

@@ -49,6 +49,10 @@ bool isCalc(const QString &ident)
 
 void MslSyntaxHighlighter::parseIdent(const QString &str, int &pos, int &brackets, int inIdent)
 {
+    const NestingGuard guard(this, pos);
+    if (guard.stopped())
+        return;
+
     // A lone '$' is noted, uncoloured, so that completion can offer names.
     if (pos + 1 >= str.size() || str.at(pos + 1) == QLatin1Char(' ')) {
         saveStatePossibleIdent(pos);

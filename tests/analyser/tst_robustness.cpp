@@ -77,6 +77,39 @@ private slots:
         QCOMPARE(h.reportsOn(2).size(), 4);
     }
 
+    void deeplyNestedIdentifiers()
+    {
+        QString line = QStringLiteral("  echo ");
+        for (int i = 0; i < 50000; ++i)
+            line += QStringLiteral("$a(");
+        AnalyserHarness h;
+        h.setLines({QStringLiteral("alias x {"), line, QStringLiteral("}")});
+        QCOMPARE(budgetReports(h, 2), 1);
+        QCOMPARE(h.state(2), 1);
+    }
+
+    void deeplyNestedConditions()
+    {
+        QString line = QStringLiteral("  if ");
+        for (int i = 0; i < 50000; ++i)
+            line += QLatin1Char('(');
+        line += QStringLiteral("%a == 1) { echo x");
+        AnalyserHarness h;
+        h.setLines({QStringLiteral("alias x {"), line, QStringLiteral("}"), QStringLiteral("}")});
+        QCOMPARE(budgetReports(h, 2), 1);
+    }
+
+    void realisticScriptStaysUnderBudget()
+    {
+        QFile f(QStringLiteral(TARNWICK_SOURCE_DIR "/examples/awaykit.mrc"));
+        if (!f.open(QIODevice::ReadOnly))
+            QSKIP("no sample script");
+        AnalyserHarness h;
+        h.setText(QString::fromUtf8(f.readAll()));
+        for (const HarnessReport &r : h.reports())
+            QVERIFY2(r.message != tooComplex, qPrintable(r.brief()));
+    }
+
     void hugeSingleLine()
     {
         QString line = QStringLiteral("  echo ");
