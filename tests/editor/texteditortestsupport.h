@@ -34,6 +34,7 @@ public:
     QTimer *timerHover() const { return e->timerHover; }
     QPoint hoverPoint() const { return e->hoverPoint; }
     int prevVerticalScrollBar() const { return e->prevVerticalScrollBar; }
+    int leftMargin() const { return e->viewportMargins().left(); }
     int prevLineSpaceCount() const { return e->prevLineSpaceCount(); }
     QString textUnderCursor() const { return e->textUnderCursor(); }
     int textCurPos() const { return e->textCurPos(); }
