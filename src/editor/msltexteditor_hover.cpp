@@ -163,6 +163,8 @@ void MslTextEditor::unIndentSelection()
         removeLeading();
     }
 
+    // A merge removes more than the count says; keep the end inside.
+    selEnd = qBound(0, selEnd, document()->characterCount() - 1);
     cursor.setPosition(selStart);
     cursor.setPosition(selEnd, QTextCursor::KeepAnchor);
     cursor.endEditBlock();
