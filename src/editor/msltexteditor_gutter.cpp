@@ -170,15 +170,19 @@ static void unfoldBelow(QTextBlock block, bool clearHiddenMarks)
 
 void MslTextEditor::lineNumberClicked(QMouseEvent *event)
 {
+    const QPoint at = event->position().toPoint();
     const int barWidth = lineNumber->width();
     const QTextBlock last = document()->lastBlock();
     QTextBlock block = firstVisibleBlock();
     int top = int(blockBoundingGeometry(block).translated(contentOffset()).top());
     int bottom = top + int(blockBoundingRect(block).height());
 
-    while (block.isValid()) {
+    // The click box is taller than a line, so after a fold the line now
+    // below the header may take the same click; lines whose top lies
+    // below the click cannot, and the walk ends there.
+    while (block.isValid() && top <= at.y()) {
         const QRect clickBox(barWidth - foldStrip, top, iconSize, iconSize);
-        if (block.isVisible() && bottom >= 0 && clickBox.contains(event->position().toPoint())) {
+        if (block.isVisible() && bottom >= 0 && clickBox.contains(at)) {
             const CBlockData *data = recordOf(block);
             const bool multiLine = opensMultiLineBlock(data);
             if (multiLine || opensGroup(data)) {
@@ -191,16 +195,17 @@ void MslTextEditor::lineNumberClicked(QMouseEvent *event)
             }
         }
 
-        // A visibility change alone does not make the view lay itself out
-        // again; a change of size does.
-        const QRect g = geometry();
-        setGeometry(g.x(), g.y(), g.width(), g.height() - 1);
-        setGeometry(g);
-
         block = block.next();
         top = bottom;
         bottom = top + int(blockBoundingRect(block).height());
     }
+
+    // A visibility change alone does not make the view lay itself out
+    // again; a change of size does. Once per click is enough: doing it
+    // per line froze the editor on long scripts.
+    const QRect g = geometry();
+    setGeometry(g.x(), g.y(), g.width(), g.height() - 1);
+    setGeometry(g);
 
     resize(size());
     update();

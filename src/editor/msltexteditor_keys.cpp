@@ -49,6 +49,14 @@ void MslTextEditor::keyPressEvent(QKeyEvent *event)
     const int key = event->key();
     const Qt::KeyboardModifiers modifiers = event->modifiers();
 
+    // A read-only view moves, selects and copies, and shows the tips of
+    // F1 and F2; everything that would write is left to the base, which
+    // refuses it.
+    if (isReadOnly() && key != Qt::Key_F1 && key != Qt::Key_F2) {
+        QPlainTextEdit::keyPressEvent(event);
+        return;
+    }
+
     if (key == Qt::Key_Return) {
         handleReturn(event, autofill);
         return;

@@ -90,6 +90,11 @@ private slots:
 
     void functionKeyTips();
 
+    void readOnlyEditorTakesNoText_data();
+    void readOnlyEditorTakesNoText();
+    void keysWithoutAnalysis();
+    void construction();
+
 private:
     std::unique_ptr<EditorFixture> f;
 };
@@ -674,6 +679,87 @@ void TestTextEditorKeys::functionKeyTips()
     f->key(Qt::Key_F2);
     QCOMPARE(tipText(), syntaxTip("$left(<b>&lt;string&gt;</b>, &lt;N&gt;)"));
     QCOMPARE(f->line(1), QString("  echo -a $chan($asc(a))"));
+}
+
+void TestTextEditorKeys::readOnlyEditorTakesNoText_data()
+{
+    QTest::addColumn<int>("code");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<QString>("text");
+
+    QTest::newRow("return") << int(Qt::Key_Return) << int(Qt::NoModifier) << "\r";
+    QTest::newRow("tab") << int(Qt::Key_Tab) << int(Qt::NoModifier) << "\t";
+    QTest::newRow("brace") << int(Qt::Key_BraceLeft) << int(Qt::ShiftModifier) << "{";
+    QTest::newRow("paren") << int(Qt::Key_ParenLeft) << int(Qt::ShiftModifier) << "(";
+    QTest::newRow("ctrl b") << int(Qt::Key_B) << int(Qt::ControlModifier) << "";
+    QTest::newRow("ctrl k") << int(Qt::Key_K) << int(Qt::ControlModifier) << "";
+    QTest::newRow("backspace") << int(Qt::Key_Backspace) << int(Qt::NoModifier) << "";
+    QTest::newRow("dollar") << int(Qt::Key_Dollar) << int(Qt::ShiftModifier) << "$";
+}
+
+void TestTextEditorKeys::readOnlyEditorTakesNoText()
+{
+    QFETCH(int, code);
+    QFETCH(int, modifiers);
+    QFETCH(QString, text);
+
+    const QString script = "alias x {\n  echo -a $asc()\n}";
+    f->setScript(script.split('\n'), 1, 15);
+    f->editor->setReadOnly(true);
+    f->key(Qt::Key(code), Qt::KeyboardModifiers(modifiers), text);
+
+    QCOMPARE(f->text(), script);
+    for (QCompleter *c : f->access().completers())
+        QVERIFY(!shown(c));
+}
+
+void TestTextEditorKeys::keysWithoutAnalysis()
+{
+    // No analyser on the document: no line has a record.
+    MslTextEditor plain;
+    plain.show();
+    plain.activateWindow();
+    plain.setFocus(Qt::OtherFocusReason);
+    QVERIFY(QTest::qWaitForWindowActive(&plain));
+    plain.setPlainText("  echo $asc");
+    plain.moveCursor(QTextCursor::End);
+
+    for (const QString &k : { QString("$"), QString("("), QString(","), QString(".") })
+        QTest::keyClick(&plain, k.at(0).toLatin1());
+    QTest::keyClick(&plain, Qt::Key_F1);
+    QTest::keyClick(&plain, Qt::Key_Return);
+    QCOMPARE(plain.toPlainText(), QString("  echo $asc$(,.\n  "));
+}
+
+void TestTextEditorKeys::construction()
+{
+    MslTextEditorTestAccess a(f->editor.get());
+    const QFont font = f->editor->font();
+    QCOMPARE(font.family(), QString("Courier"));
+    QVERIFY(font.fixedPitch());
+    QCOMPARE(font.pointSize(), 10);
+
+    QCOMPARE(a.comCompleter()->caseSensitivity(), Qt::CaseInsensitive);
+    QCOMPARE(a.propCompleter()->caseSensitivity(), Qt::CaseInsensitive);
+    QCOMPARE(a.identCompleter()->caseSensitivity(), Qt::CaseInsensitive);
+    QCOMPARE(a.colorCompleter()->caseSensitivity(), Qt::CaseSensitive);
+    for (QCompleter *c : a.completers()) {
+        QCOMPARE(c->completionMode(), QCompleter::PopupCompletion);
+        QCOMPARE(c->widget(), static_cast<QWidget *>(f->editor.get()));
+        QCOMPARE(c->parent(), static_cast<QObject *>(f->editor.get()));
+    }
+    // The property list starts out as a second ProgID list; its model is
+    // replaced when it is first used.
+    QCOMPARE(a.propCompleter()->model()->rowCount(), 91);
+    QCOMPARE(a.comCompleter()->model()->rowCount(), 91);
+    QCOMPARE(a.colorCompleter()->model()->rowCount(), 702);
+
+    QVERIFY(f->editor->viewport()->testAttribute(Qt::WA_MouseTracking));
+    QCOMPARE(f->editor->contextMenuPolicy(), Qt::CustomContextMenu);
+    QVERIFY(!a.timerHover());
+    QCOMPARE(a.hoverPoint(), QPoint(0, 0));
+    QCOMPARE(a.prevVerticalScrollBar(), 0);
+    QCOMPARE(a.lineNumber()->parent(), static_cast<QObject *>(f->editor.get()));
 }
 
 QTEST_MAIN(TestTextEditorKeys)
