@@ -40,6 +40,7 @@ private slots:
     void movingCursorRestoresLineTint();
     void readOnlyEditorHasNoTint();
     void focusLossDropsPendingTip();
+    void dragStillSelects();
     void focusReattachesProgIdList();
     void contextMenuIsTheStandardOne();
 
@@ -231,6 +232,17 @@ void TestHover::focusLossDropsPendingTip()
     QVERIFY(!f->access().timerHover()->isActive());
     QTest::qWait(900);
     QCOMPARE(tipText(), QString());
+}
+
+void TestHover::dragStillSelects()
+{
+    // Moves go on to the text control, so a drag with the button held
+    // still selects.
+    f->setScript({ "alias x { echo 1 }" });
+    QTest::mousePress(f->editor->viewport(), Qt::LeftButton, Qt::NoModifier, pointOf(0, 0) - QPoint(3, 0));
+    QTest::mouseMove(f->editor->viewport(), pointOf(0, 5) - QPoint(3, 0));
+    QTest::mouseRelease(f->editor->viewport(), Qt::LeftButton, Qt::NoModifier, pointOf(0, 5) - QPoint(3, 0));
+    QCOMPARE(f->editor->textCursor().selectedText(), QString("alias"));
 }
 
 void TestHover::focusReattachesProgIdList()
