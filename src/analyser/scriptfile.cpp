@@ -1,6 +1,7 @@
 #include "scriptfile.h"
 
 #include <QFile>
+#include <QIODevice>
 #include <QLatin1Char>
 #include <QLatin1String>
 #include <QStringConverter>
@@ -19,10 +20,15 @@ QString loadScriptText(const QFileInfo &fileName)
     if (!file.open(QIODevice::ReadWrite))
         file.open(QIODevice::ReadOnly);
 
-    QTextStream stream(&file);
+    return readScriptText(file, isIniScriptName(fileName.fileName()));
+}
+
+QString readScriptText(QIODevice &device, bool ini)
+{
+    QTextStream stream(&device);
     stream.setEncoding(QStringConverter::Utf8);
 
-    if (!isIniScriptName(fileName.fileName()))
+    if (!ini)
         return stream.readAll();
 
     // "[section]" lines go; "n0=alias x" keeps what follows the first "=",

@@ -2,6 +2,7 @@
 #define SCRIPTFILE_H
 
 #include <QFileInfo>
+#include <QIODevice>
 #include <QString>
 
 // Reading a script file as an editor tab shows it: UTF-8, and for a name
@@ -15,5 +16,8 @@ bool isIniScriptName(const QString &fileName);
 // The text of the script, as it goes into the document. A file that
 // cannot be opened gives an empty text.
 QString loadScriptText(const QFileInfo &fileName);
+
+// The same decoding over an open device, in the INI form when `ini`.
+QString readScriptText(QIODevice &device, bool ini);
 
 #endif // SCRIPTFILE_H
