@@ -1,11 +1,19 @@
 // Feeds arbitrary bytes through the real analyser on a real document: the
-// bytes are decoded as the loader decodes a script, analysed in full, then a
-// few lines are edited and re-analysed, as typing would.
+// bytes are decoded as the loader decodes a script file, split into lines by
+// the document, analysed in full, then random lines are edited and
+// re-analysed, as typing, pasting and undoing would.
+//
+// The edits are drawn from a generator seeded with a hash of the input, so
+// a saved crash input replays exactly the same edits.
 
 #include "devsettings.h"
 #include "msltextedit.h"
+#include "scriptfile.h"
 
+#include <QBuffer>
+#include <QByteArray>
 #include <QGuiApplication>
+#include <QStringList>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -15,8 +23,8 @@
 
 namespace {
 
-// Hands out ids like the report dock and forgets them again, so that the
-// analyser's out-argument and withdrawal paths run as in the editor.
+// Hands out ids like the report dock, so that the analyser's out-argument
+// and withdrawal paths run as in the editor.
 class Sink : public QObject
 {
 public:
@@ -25,15 +33,104 @@ public:
         connect(hl, &MslSyntaxHighlighter::updateError, this,
                 [this](int, int, QString, QString, QString, int, QString, int &errId) {
                     errId = ++next;
-                    ++standing;
                 },
                 Qt::DirectConnection);
         connect(hl, &MslSyntaxHighlighter::removeError, this,
-                [this](QVector<int> &ids) { standing -= ids.size(); }, Qt::DirectConnection);
+                [this](QVector<int> &ids) { withdrawn += ids.size(); }, Qt::DirectConnection);
     }
-    int next = 1;
-    long standing = 0;
+    int next = 0;
+    qint64 withdrawn = 0;
 };
+
+// Small and deterministic; quality hardly matters here.
+class Dice
+{
+public:
+    explicit Dice(const uint8_t *data, size_t size)
+    {
+        state = 1469598103934665603ULL;
+        for (size_t i = 0; i < size; ++i)
+            state = (state ^ data[i]) * 1099511628211ULL;
+        state |= 1;
+    }
+    uint32_t next()
+    {
+        state ^= state << 13;
+        state ^= state >> 7;
+        state ^= state << 17;
+        return uint32_t(state >> 32);
+    }
+    int below(int n) { return n > 0 ? int(next() % uint32_t(n)) : 0; }
+
+private:
+    uint64_t state;
+};
+
+// Pieces that open and close the analyser's constructs, typed into lines.
+const QStringList &pieces()
+{
+    static const QStringList list = {
+        QStringLiteral("{"), QStringLiteral("}"), QStringLiteral(" | "), QStringLiteral("|"),
+        QStringLiteral("$a("), QStringLiteral("("), QStringLiteral(")"), QStringLiteral(","),
+        QStringLiteral("/*"), QStringLiteral("*/"), QStringLiteral(";"), QStringLiteral("$"),
+        QStringLiteral("%var"), QStringLiteral("alias x {"), QStringLiteral("alias -l y"),
+        QStringLiteral("on *:text:*:#:{"), QStringLiteral("on 1:dialog:d:init:0:{"),
+        QStringLiteral("dialog d {"), QStringLiteral("button \"x\", 1, 2 3 4 5, ok"),
+        QStringLiteral("if ("), QStringLiteral("elseif ("), QStringLiteral("else"),
+        QStringLiteral("while ("), QStringLiteral(" == "), QStringLiteral(" && "),
+        QStringLiteral("#g on"), QStringLiteral("#g end"), QStringLiteral("var %a = 1"),
+        QStringLiteral("$iif("), QStringLiteral("$calc("), QStringLiteral(".prop"),
+        QStringLiteral("echo -a x"), QStringLiteral("menu channel {"), QStringLiteral("raw 1:*:{"),
+        QStringLiteral("\t"), QStringLiteral(" "), QStringLiteral("\n"), QStringLiteral("\r"),
+        QString(QChar(0)), QString(QChar(0x3)), QString(QChar(0x2029)),
+        QString(QChar(0xD800)), QString(QChar(0xDC00)), QString(QChar(0xFFFF)),
+    };
+    return list;
+}
+
+QTextCursor cursorInBlock(QTextDocument &doc, Dice &dice, QTextBlock &block)
+{
+    block = doc.findBlockByNumber(dice.below(doc.blockCount()));
+    QTextCursor cursor(block);
+    cursor.setPosition(block.position() + dice.below(block.length()));
+    return cursor;
+}
+
+void editOnce(QTextDocument &doc, Dice &dice)
+{
+    QTextBlock block;
+    QTextCursor cursor = cursorInBlock(doc, dice, block);
+    switch (dice.below(7)) {
+    case 0: // type a piece
+        cursor.insertText(pieces().at(dice.below(pieces().size())));
+        break;
+    case 1: // delete a stretch of the line
+        cursor.setPosition(block.position() + dice.below(block.length()),
+                           QTextCursor::KeepAnchor);
+        cursor.removeSelectedText();
+        break;
+    case 2: // join with the next line
+        cursor.movePosition(QTextCursor::EndOfBlock);
+        cursor.deleteChar();
+        break;
+    case 3: // split the line
+        cursor.insertText(QStringLiteral("\n"));
+        break;
+    case 4: { // paste a copy of another line, perhaps many times over
+        const QString copy = doc.findBlockByNumber(dice.below(doc.blockCount())).text();
+        const int times = copy.size() > 4096 ? 1 : 1 + dice.below(4);
+        cursor.insertText(copy.repeated(times));
+        break;
+    }
+    case 5: // drop the whole line
+        cursor.select(QTextCursor::BlockUnderCursor);
+        cursor.removeSelectedText();
+        break;
+    default:
+        doc.undo();
+        break;
+    }
+}
 
 } // namespace
 
@@ -47,30 +144,29 @@ extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    // The first two bytes steer the edits; the rest is the script.
-    const uint8_t steer = size > 0 ? data[0] : 0;
-    const uint8_t where = size > 1 ? data[1] : 0;
-    const QString text = QString::fromUtf8(reinterpret_cast<const char *>(data), int(size));
+    Dice dice(data, size);
 
+    QByteArray bytes = QByteArray::fromRawData(reinterpret_cast<const char *>(data), int(size));
+    QBuffer device(&bytes);
+    device.open(QIODevice::ReadOnly);
+    const bool ini = dice.below(4) == 0;
+    const QString text = readScriptText(device, ini);
+
+    // The text goes in first and is analysed once in full, as a tab opening
+    // a file does it (the highlighter's own first pass would wait for an
+    // event loop that never runs here).
     QTextDocument doc;
+    doc.setPlainText(text);
     auto *hl = new MslSyntaxHighlighter(&doc);
     Sink sink(hl);
-    doc.setPlainText(text);
-    hl->setFn(QStringLiteral("/fuzz/input.mrc"));
+    hl->setFn(ini ? QStringLiteral("/fuzz/input.ini") : QStringLiteral("/fuzz/input.mrc"));
     hl->rehighlight();
 
-    const int blocks = doc.blockCount();
-    if (blocks > 0) {
-        QTextCursor cursor(doc.findBlockByNumber(where % blocks));
-        switch (steer % 4) {
-        case 0: cursor.insertText(QStringLiteral(" | echo $a( {")); break;
-        case 1: cursor.insertText(QStringLiteral("}\n")); break;
-        case 2:
-            cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
-            cursor.removeSelectedText();
-            break;
-        default: cursor.insertText(QStringLiteral("alias x {\n")); break;
-        }
-    }
+    // Every edit is analysed at once, through the document's own signal.
+    const int edits = 1 + dice.below(8);
+    for (int i = 0; i < edits; ++i)
+        editOnce(doc, dice);
+    if (dice.below(2) == 0)
+        hl->rehighlight();
     return 0;
 }
