@@ -5,10 +5,11 @@ BUILD_DIR ?= build
 ASAN_BUILD_DIR ?= build-asan
 BENCH_BUILD_DIR ?= build-bench
 FUZZ_BUILD_DIR ?= build-fuzz
+PKG_BUILD_DIR ?= build-pkg
 PREFIX ?= /usr/local
 JOBS ?= $(shell nproc 2>/dev/null || echo 2)
 
-.PHONY: all bootstrap configure build run test test-asan bench fuzz install package screenshots clean
+.PHONY: all bootstrap configure build programs run test test-asan bench fuzz install package screenshots clean
 
 all: build
 
@@ -20,6 +21,10 @@ configure: bootstrap
 
 build: configure
 	@cmake --build $(BUILD_DIR) -j $(JOBS)
+
+# The two programs alone, for the targets that need no test suite.
+programs: configure
+	@cmake --build $(BUILD_DIR) -j $(JOBS) --target tarnwick tarnwick-lint
 
 run: build
 	@bash scripts/run-tarnwick $(BUILD_DIR)/src/tarnwick
@@ -45,15 +50,19 @@ fuzz:
 	  -DTARNWICK_BUILD_FUZZ=ON -DTARNWICK_BUILD_TESTS=OFF >/dev/null
 	@cmake --build $(FUZZ_BUILD_DIR) -j $(JOBS) --target fuzz_analyser
 
-install: build
+install: programs
 	@cmake --install $(BUILD_DIR) --prefix $(PREFIX)
 
-package: build
-	@cd $(BUILD_DIR) && cpack -G DEB
+# The package is built from a Release tree of its own, without the tests.
+package:
+	@TARNWICK_BOOTSTRAP_EXTRAS=package bash scripts/bootstrap
+	@cmake -S . -B $(PKG_BUILD_DIR) -DCMAKE_BUILD_TYPE=Release -DTARNWICK_BUILD_TESTS=OFF >/dev/null
+	@cmake --build $(PKG_BUILD_DIR) -j $(JOBS)
+	@cd $(PKG_BUILD_DIR) && rm -f tarnwick_*.deb && cpack -G DEB >/dev/null && ls -1 "$$PWD"/tarnwick_*.deb
 
-screenshots: build
+screenshots: programs
 	@TARNWICK_BOOTSTRAP_EXTRAS=screens bash scripts/bootstrap
 	@bash scripts/screenshots $(BUILD_DIR)
 
 clean:
-	@rm -rf $(BUILD_DIR) $(ASAN_BUILD_DIR) $(BENCH_BUILD_DIR) $(FUZZ_BUILD_DIR)
+	@rm -rf $(BUILD_DIR) $(ASAN_BUILD_DIR) $(BENCH_BUILD_DIR) $(FUZZ_BUILD_DIR) $(PKG_BUILD_DIR)
