@@ -6,6 +6,7 @@
 
 #include "msltextedit.h"
 
+#include "commandwords.h"
 #include "devsettings.h"
 #include "linescan.h"
 
@@ -22,12 +23,6 @@ static QString charsAfterClosingMessage()
 static QString closingInVarMessage()
 {
     return QStringLiteral("Unexpected closing bracket in expression");
-}
-
-static bool isMatchAtStart(const QRegularExpression &rx, const QString &word)
-{
-    const QRegularExpressionMatch m = rx.match(word);
-    return m.hasMatch() && m.capturedStart() == 0;
 }
 
 void MslSyntaxHighlighter::eatSpaces(const QString &str, int &pos)
@@ -136,19 +131,19 @@ void MslSyntaxHighlighter::parseCmdLine(const QString &str, int &pos, int &brack
         // Deliberately falls through to the lookup, which restarts the scan
         // at this same bar: the rest of the line is analysed a second time,
         // so its reports and bracket changes happen twice.
-    } else if (isMatchAtStart(DevSettings::varRgx, cmd)) {
+    } else if (isVarKeyword(cmd)) {
         pos = cmdStart;
         parseVarCmd(str, pos, brackets);
         return;
-    } else if (isMatchAtStart(DevSettings::ctrlElseRgx, cmd)) {
+    } else if (isElseKeyword(cmd)) {
         pos = cmdStart;
         parseElse(str, pos, brackets);
         return;
-    } else if (isMatchAtStart(DevSettings::ctrlRgx, cmd)) {
+    } else if (isCtrlKeyword(cmd)) {
         pos = cmdStart;
         parseIf(str, pos, brackets);
         return;
-    } else if (isMatchAtStart(DevSettings::singleLCommentRgx, cmd)
+    } else if (cmd.startsWith(QLatin1Char(';'))
                || cmd.toLower() == QLatin1String("rem")) {
         pos = cmdStart;
         parseSingLineComment(str, pos, brackets);

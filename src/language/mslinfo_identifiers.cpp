@@ -1,5 +1,6 @@
 #include "mslinfo.h"
 
+#include <QHash>
 #include <QLatin1String>
 
 namespace {
@@ -287,14 +288,29 @@ const identifier *MslInfo::getIdentsList()
 // Returns 0 for an unknown name, 1 when everything fits, 2 for too few
 // arguments, 3 for too many, 4 for a broken even/odd demand and 5 for an
 // unknown property. The count is judged before the property.
+// The analyser asks for every identifier of every line, so the rows are
+// found through an index on the case-folded name rather than a walk over
+// the table. Folding the asked name char by char is what the
+// case-insensitive comparison with a Latin-1 name does, so `$ſhort` (long
+// s) still finds `$short`, as it always did; the first row of a name wins.
+static const identifier *findIdent(const QString &ident)
+{
+    static const QHash<QString, const identifier *> index = [] {
+        QHash<QString, const identifier *> rows;
+        for (const identifier *row = MslInfo::getIdentsList(); row->name; ++row) {
+            const QString key = QString::fromLatin1(row->name).toCaseFolded();
+            if (!rows.contains(key))
+                rows.insert(key, row);
+        }
+        return rows;
+    }();
+    return index.value(ident.toCaseFolded(), nullptr);
+}
+
 int MslInfo::isProperIdentArgs(QString &ident, unsigned int args, QString prop)
 {
-    static const identifier *idents = getIdentsList();
-
-    const identifier *row = idents;
-    while (row->name && ident.compare(QLatin1String(row->name), Qt::CaseInsensitive) != 0)
-        ++row;
-    if (!row->name)
+    const identifier *row = findIdent(ident);
+    if (!row)
         return 0;
 
     if (row->min > args)
