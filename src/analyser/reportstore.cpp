@@ -277,6 +277,33 @@ void ReportStore::removeReports(const QVector<int> &ids)
     }
 }
 
+void ReportStore::moveIds(const QVector<int> &ids, int by)
+{
+    QVector<QStandardItem *> items;
+    items.reserve(ids.size());
+    for (int id : ids) {
+        const auto it = idItems.find(id);
+        if (it == idItems.end())
+            continue;
+        items.append(it.value());
+        idItems.erase(it);
+        standing.erase(id);
+    }
+    OwnChange guard(ownChange);
+    for (QStandardItem *item : std::as_const(items)) {
+        const int id = item->data(Qt::EditRole).toInt() + by;
+        item->setData(id, Qt::EditRole);
+        standing.insert(id);
+        idItems.insert(id, item);
+    }
+    // An order kept on the hidden id column is checked again at the next
+    // report.
+    for (ListState &state : lists) {
+        if (state.sortColumn == state.idColumn)
+            state.sorted = false;
+    }
+}
+
 void ReportStore::removeRowsWhere(List list, const QString &fileName)
 {
     QStandardItemModel *m = lists[list].model;

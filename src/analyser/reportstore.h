@@ -68,6 +68,10 @@ public:
     // Removes the rows of these ids from both lists; unknown ids are
     // ignored.
     void removeReports(const QVector<int> &ids);
+    // Gives each of these reports its id plus `by`, in its row and in the
+    // index; unknown ids are ignored. Rows keep their places: the new ids
+    // must not collide with standing ones.
+    void moveIds(const QVector<int> &ids, int by);
     // Removes every row of both lists whose file is `fileName`.
     void removeFile(const QString &fileName);
     // Writes into "Line" of every row of `fileName` the number of the

@@ -9,6 +9,7 @@
 #include "msltexteditor.h"
 #include "newprojectdialog.h"
 #include "reportstore.h"
+#include "singlepassload.h"
 
 #include <QAction>
 #include <QDockWidget>
@@ -214,6 +215,8 @@ void MainWindow::openFile(QFileInfo file, bool isReadOnly)
     doc->getEditor()->setFocus(Qt::OtherFocusReason);
     // The text went in before the highlighter knew the path, so the first
     // pass filed its reports under an empty name; this pass withdraws them
-    // and files them again under the full path.
+    // and files them again under the full path. The load skipped that
+    // first pass, so the ids are settled where it would have left them.
     doc->getHighlighter()->rehighlight();
+    settleSinglePassIds(doc->getEditor()->document(), reportStore);
 }

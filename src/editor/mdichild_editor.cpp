@@ -3,6 +3,7 @@
 #include "msltexteditor.h"
 #include "msltextedit.h"
 #include "scriptfile.h"
+#include "singlepassload.h"
 
 #include <QLabel>
 #include <QStatusBar>
@@ -76,8 +77,13 @@ void MdiChildEditor::setFile(QFileInfo fileName, bool nofile, bool isReadOnly)
     }
 
     // The text goes in before the highlighter learns the path; the caller
-    // rehighlights afterwards so that the reports carry the full name.
-    editor->setPlainText(loadScriptText(fileName));
+    // rehighlights afterwards so that the reports carry the full name. The
+    // pass the load itself would make is skipped; the caller settles the
+    // ids after its rehighlight as though it had run.
+    {
+        const UnanalysedLoad load(syntaxHighlighter);
+        editor->setPlainText(loadScriptText(fileName));
+    }
     syntaxHighlighter->setFn(fileName.absoluteFilePath());
     editor->document()->setModified(false);
     editor->setReadOnly(isReadOnly);

@@ -4,6 +4,7 @@
 #include "msltextedit.h"
 #include "reportstore.h"
 #include "scriptfile.h"
+#include "singlepassload.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -115,9 +116,22 @@ LintedFile ScriptLinter::lint(const QString &fileName, bool *alreadyChecked)
             Qt::DirectConnection);
 
     current.clear();
-    doc->setPlainText(loadScriptText(info));
+    {
+        const UnanalysedLoad load(hl);
+        doc->setPlainText(loadScriptText(info));
+    }
     hl->setFn(result.path);
     hl->rehighlight();
+    if (const int shift = settleSinglePassIds(doc.get(), store)) {
+        QSet<int> moved;
+        QHash<int, int> types;
+        for (int id : std::as_const(current)) {
+            moved.insert(id + shift);
+            types.insert(id + shift, typeOf.value(id));
+        }
+        current = moved;
+        typeOf.insert(types);
+    }
     // Anything the editor's event loop would still run.
     QCoreApplication::processEvents();
 

@@ -1,0 +1,195 @@
+// Loading a script with one analysis pass must leave what the two passes
+// of a plain load leave: the same report ids in the line records, and the
+// same rows, in the same order, in both report lists, whatever else the
+// lists already hold.
+
+#include "devsettings.h"
+#include "msltextedit.h"
+#include "reportstore.h"
+#include "singlepassload.h"
+
+#include <QPlainTextDocumentLayout>
+#include <QStandardItemModel>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QtTest>
+
+namespace {
+
+const QString Path = QStringLiteral("/scripts/loaded.mrc");
+
+// A report list pair and a way to load a script into a document the way a
+// tab does, in either fashion.
+class Loader
+{
+public:
+    Loader() : debug(0, ReportStore::DebugColumns), messages(0, ReportStore::MessagesColumns)
+    {
+        store = new ReportStore(&debug, &messages);
+        doc.setDocumentLayout(new QPlainTextDocumentLayout(&doc));
+        hl = new MslSyntaxHighlighter(&doc);
+        QObject::connect(hl, &MslSyntaxHighlighter::updateError, store,
+                         [this](int line, int col, QString file, QString block, QString,
+                                int type, QString message, int &id) {
+                             id = store->addReport(line, col, file, block, type, message,
+                                                   sortColumn, sortOrder);
+                         },
+                         Qt::DirectConnection);
+        QObject::connect(hl, &MslSyntaxHighlighter::removeError, store,
+                         [this](QVector<int> &ids) { store->removeReports(ids); },
+                         Qt::DirectConnection);
+    }
+    ~Loader() { delete store; }
+
+    // Reports standing before the load, as another tab's would.
+    void fileOthers(int count)
+    {
+        for (int i = 0; i < count; ++i)
+            store->addReport(i + 1, 0, QStringLiteral("/scripts/other.mrc"), QStringLiteral("x"),
+                             3, QStringLiteral("other"), sortColumn, sortOrder);
+    }
+
+    void loadTwoPasses(const QString &text)
+    {
+        doc.setPlainText(text);
+        hl->setFn(Path);
+        hl->rehighlight();
+    }
+
+    int loadOnePass(const QString &text)
+    {
+        {
+            const UnanalysedLoad load(hl);
+            doc.setPlainText(text);
+        }
+        hl->setFn(Path);
+        hl->rehighlight();
+        return settleSinglePassIds(&doc, store);
+    }
+
+    QStringList recordIds() const
+    {
+        QStringList out;
+        for (QTextBlock b = doc.firstBlock(); b.isValid(); b = b.next()) {
+            const auto *data = dynamic_cast<const CBlockData *>(b.userData());
+            QStringList ids;
+            if (data) {
+                for (int id : data->remId.err)
+                    ids << QString::number(id);
+            }
+            out << ids.join(QLatin1Char(','));
+        }
+        return out;
+    }
+
+    QStringList rows() const
+    {
+        QStringList out;
+        for (const QStandardItemModel *m : {&debug, &messages}) {
+            for (int r = 0; r < m->rowCount(); ++r) {
+                QStringList cells;
+                for (int c = 0; c < m->columnCount(); ++c)
+                    cells << m->data(m->index(r, c), Qt::EditRole).toString();
+                out << cells.join(QLatin1Char('|'));
+            }
+            out << QStringLiteral("--");
+        }
+        return out;
+    }
+
+    int sortColumn = 0;
+    Qt::SortOrder sortOrder = Qt::DescendingOrder;
+    QStandardItemModel debug;
+    QStandardItemModel messages;
+    ReportStore *store = nullptr;
+    QTextDocument doc;
+    MslSyntaxHighlighter *hl = nullptr;
+};
+
+} // namespace
+
+class TestSinglePassLoad : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { DevSettings::InitializeAllSettings(); }
+    void sameEndState_data();
+    void sameEndState();
+    void laterEditsAgree();
+};
+
+void TestSinglePassLoad::sameEndState_data()
+{
+    QTest::addColumn<QString>("script");
+    QTest::addColumn<int>("others");
+    QTest::addColumn<int>("sortColumn");
+    QTest::addColumn<int>("reports");
+    QTest::addColumn<int>("shift");
+
+    const QString manyLines = QStringLiteral(
+        "alias a {\n  echo -a $len(a,b)\n  ; todo: one\n}\nalias b { echo $mid(x }\n"
+        "rem old\non *:text:*:#: { echo $chan(#).nosuch }\n");
+    QTest::newRow("empty") << QString() << 0 << 0 << 0 << 0;
+    QTest::newRow("clean script") << QStringLiteral("alias a {\n  echo -a hi\n}\n") << 3 << 0 << 0 << 0;
+    QTest::newRow("one report") << QStringLiteral("alias a { echo $len(a,b) }") << 0 << 0 << 1 << 0;
+    QTest::newRow("several on one line")
+        << QStringLiteral("alias a { echo $len(a,b) $mid(x) $chan(#).nosuch } ; fixme: x")
+        << 2 << 1 << 11 << 0;
+    QTest::newRow("one line among clean ones")
+        << QStringLiteral("alias a {\n  echo ok\n  echo $len(a,b) $left(x)\n}\n") << 0 << 0 << 2 << 0;
+    QTest::newRow("many lines") << manyLines << 0 << 0 << 5 << 5;
+    QTest::newRow("many lines, others standing") << manyLines << 4 << 0 << 5 << 5;
+    QTest::newRow("many lines, sorted on line") << manyLines << 4 << 1 << 5 << 5;
+    QTest::newRow("many lines, sorted on the id") << manyLines << 4 << 4 << 5 << 5;
+    QTest::newRow("notes only") << QStringLiteral("; todo: a\n; fixme: b\n") << 1 << 2 << 2 << 2;
+}
+
+void TestSinglePassLoad::sameEndState()
+{
+    QFETCH(QString, script);
+    QFETCH(int, others);
+    QFETCH(int, sortColumn);
+    QFETCH(int, reports);
+    QFETCH(int, shift);
+
+    Loader two;
+    two.sortColumn = sortColumn;
+    two.fileOthers(others);
+    two.loadTwoPasses(script);
+
+    Loader one;
+    one.sortColumn = sortColumn;
+    one.fileOthers(others);
+    QCOMPARE(one.loadOnePass(script), shift);
+    QCOMPARE(two.store->count() - others, reports);
+
+    QCOMPARE(one.recordIds(), two.recordIds());
+    QCOMPARE(one.rows(), two.rows());
+    QCOMPARE(one.store->ids(), two.store->ids());
+    QCOMPARE(one.store->nextId(), two.store->nextId());
+}
+
+void TestSinglePassLoad::laterEditsAgree()
+{
+    // After the load both documents go on alike: an edit withdraws and files
+    // the same ids.
+    const QString script = QStringLiteral("alias a {\n  echo $len(a,b)\n}\nalias b { echo $mid(x }\n");
+    Loader two;
+    two.loadTwoPasses(script);
+    Loader one;
+    one.loadOnePass(script);
+    for (Loader *l : {&two, &one}) {
+        QTextCursor c(l->doc.findBlockByNumber(1));
+        c.movePosition(QTextCursor::EndOfBlock);
+        c.insertText(QStringLiteral(" $left(q)"));
+        c = QTextCursor(l->doc.findBlockByNumber(3));
+        c.select(QTextCursor::BlockUnderCursor);
+        c.removeSelectedText();
+    }
+    QCOMPARE(one.recordIds(), two.recordIds());
+    QCOMPARE(one.rows(), two.rows());
+}
+
+QTEST_MAIN(TestSinglePassLoad)
+#include "tst_singlepassload.moc"
