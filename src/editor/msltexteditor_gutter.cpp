@@ -74,7 +74,13 @@ int MslTextEditor::lineNumberWidth()
 
 void MslTextEditor::updatelineNumberWidth(int /* newBlockCount */)
 {
-    setViewportMargins(lineNumberWidth() + foldStrip, 0, 0, 0);
+    // Asked on every repaint request that covers the view, which a pass of
+    // the analyser makes once per line; laying out the scroll area again
+    // for an unchanged margin would cost more than the analysis.
+    const int left = lineNumberWidth() + foldStrip;
+    if (viewportMargins() == QMargins(left, 0, 0, 0))
+        return;
+    setViewportMargins(left, 0, 0, 0);
 }
 
 void MslTextEditor::updatelineNumber(const QRect &rect, int dy)
