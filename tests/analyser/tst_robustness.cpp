@@ -151,7 +151,8 @@ private slots:
         QTest::newRow("CR-only line ends") << QByteArray("alias x {\r echo $a(b)\r}\r on *:text:*:#:{\r");
         QTest::newRow("mixed line ends")
             << QByteArray("alias x {\r\n echo a\n}\r#g on\r\n#g end\n\r\ndialog d {\r title \"x\"\n}");
-        QTest::newRow("NULs in code") << QByteArray("alias \0x {\n echo $a(\0,\0)\n}", 30);
+        // The literal's own size, NULs included.
+        QTest::newRow("NULs in code") << QByteArrayLiteral("alias \0x {\n echo $a(\0,\0)\n}");
     }
 
     void binaryAndBrokenText()
