@@ -144,7 +144,7 @@ void MslSyntaxHighlighter::parseCmdLine(const QString &str, int &pos, int &brack
         parseIf(str, pos, brackets);
         return;
     } else if (cmd.startsWith(QLatin1Char(';'))
-               || cmd.toLower() == QLatin1String("rem")) {
+               || lowersTo(cmd, QLatin1String("rem"))) {
         pos = cmdStart;
         parseSingLineComment(str, pos, brackets);
         return;

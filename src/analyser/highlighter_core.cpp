@@ -137,7 +137,7 @@ void MslSyntaxHighlighter::saveStateIdent(QString &name, int start, int end, int
     ident.hasPayload = hasPayload;
     ident.argsPos = args;
     ident.possibleIdent = false;
-    currentRecord()->idents.append(ident);
+    currentRecord()->idents.append(std::move(ident));
 }
 
 void MslSyntaxHighlighter::saveStatePossibleIdent(int pos)
@@ -148,7 +148,7 @@ void MslSyntaxHighlighter::saveStatePossibleIdent(int pos)
     ident.proppos = -1;
     ident.hasPayload = false;
     ident.possibleIdent = true;
-    currentRecord()->idents.append(ident);
+    currentRecord()->idents.append(std::move(ident));
 }
 
 void MslSyntaxHighlighter::clearCurrentBlockUserData()

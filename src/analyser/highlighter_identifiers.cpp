@@ -42,7 +42,7 @@ bool isArithmetic(QChar ch)
 
 bool isCalc(const QString &ident)
 {
-    return ident.toLower() == QLatin1String("$calc");
+    return lowersTo(ident, QLatin1String("$calc"));
 }
 
 } // namespace
@@ -144,7 +144,7 @@ void MslSyntaxHighlighter::parseIdentArgs(const QString &str, int &pos, int &bra
         id.isThisCalc = true;
         inCalc = true;
     } else {
-        id.isThisIif = id.ident.toLower() == QLatin1String("$iif");
+        id.isThisIif = lowersTo(id.ident, QLatin1String("$iif"));
     }
 
     while (pos < str.size()) {
@@ -316,7 +316,8 @@ void MslSyntaxHighlighter::checkIdent(int pos, IdentScan &id)
     const QString prop = id.prop.mid(1);
     const int result =
         MslInfo::isProperIdentArgs(id.ident, static_cast<unsigned int>(id.args), prop);
-    const QString block = QStringLiteral("Ident: ") + id.ident;
+    // Made only for a report: most identifiers pass.
+    auto block = [&id] { return QStringLiteral("Ident: ") + id.ident; };
 
     QString countError;
     switch (result) {
@@ -331,19 +332,19 @@ void MslSyntaxHighlighter::checkIdent(int pos, IdentScan &id)
         break;
     case 5:
         setFormat(id.propPos, prop.size() + 1, DevSettings::wrnFmt);
-        throwError(2, pos - prop.size(), block,
+        throwError(2, pos - prop.size(), block(),
                    QStringLiteral("Invalid property - Ident possess no such property"));
         return;
     default:
         // Known or not, a lone dot is worth a word.
         if (prop.isEmpty() && hadProp != 0) {
             setFormat(id.propPos, 1, DevSettings::infFmt);
-            throwError(1, pos - 1, block, QStringLiteral("Empty property does nothing"));
+            throwError(1, pos - 1, block(), QStringLiteral("Empty property does nothing"));
         }
         return;
     }
     setFormat(id.identStart, pos + 1 - id.identStart, DevSettings::errFmt);
-    throwError(3, id.identStart, block, countError);
+    throwError(3, id.identStart, block(), countError);
 }
 
 void MslSyntaxHighlighter::saveIdent(const QString &str, int &pos, IdentScan &id)

@@ -2,7 +2,9 @@
 #define LINESCAN_H
 
 #include <QChar>
+#include <QLatin1String>
 #include <QString>
+#include <QStringView>
 
 // Small character tests shared by the line parsers. They work on raw
 // positions that may run past the end of the line: a position outside the
@@ -41,6 +43,27 @@ inline bool isWordAt(const QString &str, int pos, char c)
 inline bool isPairAt(const QString &str, int pos, char a, char b)
 {
     return isCharAt(str, pos, a) && isCharAt(str, pos + 1, b);
+}
+
+// True if `word`, lower-cased as QString::toLower() does it, is `lower`.
+// Plain ASCII, by far the common case, is compared in place; anything else
+// takes the full lower-casing, which may change a word's length.
+inline bool lowersTo(QStringView word, QLatin1String lower)
+{
+    for (const QChar c : word) {
+        if (c.unicode() >= 0x80)
+            return word.toString().toLower() == lower;
+    }
+    if (word.size() != lower.size())
+        return false;
+    for (qsizetype i = 0; i < word.size(); ++i) {
+        char16_t c = word[i].unicode();
+        if (c >= u'A' && c <= u'Z')
+            c += u'a' - u'A';
+        if (c != lower[i].unicode())
+            return false;
+    }
+    return true;
 }
 
 #endif // LINESCAN_H

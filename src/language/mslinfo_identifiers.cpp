@@ -1,7 +1,10 @@
 #include "mslinfo.h"
 
-#include <QHash>
+#include <QByteArray>
 #include <QLatin1String>
+
+#include <algorithm>
+#include <vector>
 
 namespace {
 constexpr unsigned int unbounded = 4294967295u;
@@ -289,23 +292,53 @@ const identifier *MslInfo::getIdentsList()
 // arguments, 3 for too many, 4 for a broken even/odd demand and 5 for an
 // unknown property. The count is judged before the property.
 // The analyser asks for every identifier of every line, so the rows are
-// found through an index on the case-folded name rather than a walk over
-// the table. Folding the asked name char by char is what the
-// case-insensitive comparison with a Latin-1 name does, so `$ſhort` (long
-// s) still finds `$short`, as it always did; the first row of a name wins.
-static const identifier *findIdent(const QString &ident)
+// found by a binary search over the case-folded names rather than a walk
+// over the table. The asked name is folded char by char on the fly, which
+// is what the case-insensitive comparison with a Latin-1 name does, so
+// `$ſhort` (long s) still finds `$short`, as it always did; the first row
+// of a name wins.
+namespace {
+
+struct IdentKey
 {
-    static const QHash<QString, const identifier *> index = [] {
-        QHash<QString, const identifier *> rows;
-        for (const identifier *row = MslInfo::getIdentsList(); row->name; ++row) {
-            const QString key = QString::fromLatin1(row->name).toCaseFolded();
-            if (!rows.contains(key))
-                rows.insert(key, row);
-        }
-        return rows;
-    }();
-    return index.value(ident.toCaseFolded(), nullptr);
+    QByteArray folded;
+    const identifier *row;
+};
+
+// <0, 0 or >0 as `name`, folded, sorts before, with or after `key`.
+int compareFolded(const QString &name, const QByteArray &key)
+{
+    const qsizetype common = std::min(name.size(), key.size());
+    for (qsizetype i = 0; i < common; ++i) {
+        const char16_t c = name.at(i).toCaseFolded().unicode();
+        const char16_t k = char16_t(uchar(key.at(i)));
+        if (c != k)
+            return c < k ? -1 : 1;
+    }
+    return name.size() == key.size() ? 0 : (name.size() < key.size() ? -1 : 1);
 }
+
+const identifier *findIdent(const QString &ident)
+{
+    static const std::vector<IdentKey> index = [] {
+        std::vector<IdentKey> keys;
+        for (const identifier *row = MslInfo::getIdentsList(); row->name; ++row)
+            keys.push_back({QString::fromLatin1(row->name).toCaseFolded().toLatin1(), row});
+        std::stable_sort(keys.begin(), keys.end(), [](const IdentKey &a, const IdentKey &b) {
+            return a.folded < b.folded;
+        });
+        return keys;
+    }();
+    const auto it = std::lower_bound(index.begin(), index.end(), ident,
+                                     [](const IdentKey &key, const QString &name) {
+                                         return compareFolded(name, key.folded) > 0;
+                                     });
+    if (it == index.end() || compareFolded(ident, it->folded) != 0)
+        return nullptr;
+    return it->row;
+}
+
+} // namespace
 
 int MslInfo::isProperIdentArgs(QString &ident, unsigned int args, QString prop)
 {

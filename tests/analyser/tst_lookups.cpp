@@ -5,6 +5,7 @@
 
 #include "commandwords.h"
 #include "devsettings.h"
+#include "linescan.h"
 #include "mslinfo.h"
 
 #include <QRegularExpression>
@@ -104,6 +105,7 @@ private slots:
     void keywordWords_data();
     void keywordWords();
     void keywordsAgainstPatterns();
+    void lowersToAgainstToLower();
     void identIndexAgainstWalk_data();
     void identIndexAgainstWalk();
     void identIndexEveryCharacter();
@@ -180,6 +182,24 @@ void TestLookups::keywordsAgainstPatterns()
     QVERIFY(checked > 1000000);
     // Case variants of each keyword, plus the bases themselves.
     QVERIFY(keywords > 100);
+}
+
+void TestLookups::lowersToAgainstToLower()
+{
+    const QStringList words = {QStringLiteral("$calc"), QStringLiteral("$iif"),
+                               QStringLiteral("rem")};
+    int equal = 0;
+    QString mismatch;
+    forEachVariant(words, chars, [&](const QString &word) {
+        for (const QString &lower : words) {
+            const bool expected = word.toLower() == lower;
+            equal += expected;
+            if (mismatch.isEmpty() && lowersTo(word, QLatin1String(lower.toLatin1())) != expected)
+                mismatch = word + QStringLiteral(" against ") + lower;
+        }
+    });
+    QVERIFY2(mismatch.isEmpty(), qPrintable(mismatch));
+    QVERIFY(equal > 20);
 }
 
 void TestLookups::identIndexAgainstWalk_data()
