@@ -117,6 +117,22 @@ void BM_analyse(benchmark::State &state)
     setRate(state, lines);
 }
 
+// What opening costs before any analysis: the text set into an editor's
+// document, laid out, without a highlighter.
+void BM_load(benchmark::State &state)
+{
+    const int lines = int(state.range(0));
+    const QString text = corpusText(lines);
+    MslTextEditor editor;
+    for (auto _ : state) {
+        editor.setPlainText(text);
+        state.PauseTiming();
+        editor.clear();
+        state.ResumeTiming();
+    }
+    setRate(state, lines);
+}
+
 void BM_open(benchmark::State &state)
 {
     const int lines = int(state.range(0));
@@ -176,6 +192,7 @@ BENCHMARK(BM_lint)->Arg(20000)->Arg(40000)->Unit(benchmark::kMillisecond)->UseRe
 
 BENCHMARK(BM_floor)->Arg(20000)->Arg(40000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_analyse)->Arg(20000)->Arg(40000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_load)->Arg(20000)->Arg(40000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_open)->Arg(20000)->Arg(40000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_enter)->Arg(20000)->Unit(benchmark::kMillisecond);
 
