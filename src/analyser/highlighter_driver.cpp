@@ -305,7 +305,8 @@ void MslSyntaxHighlighter::parseBodyLine(const QString &str, int c, int brackets
             doMessageCheck(str, cPos, SingleLine);
             return;
         }
-        if (cPos + 2 < str.size() && str.mid(cPos, 3).toLower() == QLatin1String("rem")
+        if (cPos + 2 < str.size()
+            && lowersTo(QStringView(str).mid(cPos, 3), QLatin1String("rem"))
             && (cPos + 3 >= str.size() || str.at(cPos + 3) == QLatin1Char(' '))) {
             setFormat(cPos, str.size(), DevSettings::commentFmt);
             throwError(1, cPos, isEvent ? QStringLiteral("event") : QStringLiteral("alias"),
