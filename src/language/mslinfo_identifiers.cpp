@@ -4,6 +4,7 @@
 #include <QLatin1String>
 
 #include <algorithm>
+#include <string>
 #include <vector>
 
 namespace {
@@ -293,47 +294,46 @@ const identifier *MslInfo::getIdentsList()
 // unknown property. The count is judged before the property.
 // The analyser asks for every identifier of every line, so the rows are
 // found by a binary search over the case-folded names rather than a walk
-// over the table. The asked name is folded char by char on the fly, which
-// is what the case-insensitive comparison with a Latin-1 name does, so
-// `$ſhort` (long s) still finds `$short`, as it always did; the first row
-// of a name wins.
+// over the table. The asked name is folded char by char, which is what the
+// case-insensitive comparison with a Latin-1 name does, so `$ſhort` (long
+// s) still finds `$short`, as it always did; the first row of a name wins.
 namespace {
 
 struct IdentKey
 {
-    QByteArray folded;
+    std::string folded;
     const identifier *row;
 };
-
-// <0, 0 or >0 as `name`, folded, sorts before, with or after `key`.
-int compareFolded(const QString &name, const QByteArray &key)
-{
-    const qsizetype common = std::min(name.size(), key.size());
-    for (qsizetype i = 0; i < common; ++i) {
-        const char16_t c = name.at(i).toCaseFolded().unicode();
-        const char16_t k = char16_t(uchar(key.at(i)));
-        if (c != k)
-            return c < k ? -1 : 1;
-    }
-    return name.size() == key.size() ? 0 : (name.size() < key.size() ? -1 : 1);
-}
 
 const identifier *findIdent(const QString &ident)
 {
     static const std::vector<IdentKey> index = [] {
         std::vector<IdentKey> keys;
-        for (const identifier *row = MslInfo::getIdentsList(); row->name; ++row)
-            keys.push_back({QString::fromLatin1(row->name).toCaseFolded().toLatin1(), row});
+        for (const identifier *row = MslInfo::getIdentsList(); row->name; ++row) {
+            const QByteArray folded = QString::fromLatin1(row->name).toCaseFolded().toLatin1();
+            keys.push_back({folded.toStdString(), row});
+        }
         std::stable_sort(keys.begin(), keys.end(), [](const IdentKey &a, const IdentKey &b) {
             return a.folded < b.folded;
         });
         return keys;
     }();
-    const auto it = std::lower_bound(index.begin(), index.end(), ident,
-                                     [](const IdentKey &key, const QString &name) {
-                                         return compareFolded(name, key.folded) > 0;
-                                     });
-    if (it == index.end() || compareFolded(ident, it->folded) != 0)
+
+    // Every name of the table folds to ASCII, so a character that does not
+    // can match none of them.
+    std::string folded(size_t(ident.size()), '\0');
+    for (qsizetype i = 0; i < ident.size(); ++i) {
+        char16_t c = ident.at(i).unicode();
+        if (c >= u'A' && c <= u'Z')
+            c += u'a' - u'A';
+        else if (c >= 0x80 && (c = QChar(c).toCaseFolded().unicode()) >= 0x80)
+            return nullptr;
+        folded[size_t(i)] = char(c);
+    }
+    const auto it = std::lower_bound(
+        index.begin(), index.end(), folded,
+        [](const IdentKey &key, const std::string &name) { return key.folded < name; });
+    if (it == index.end() || it->folded != folded)
         return nullptr;
     return it->row;
 }
