@@ -17,9 +17,15 @@
 
 namespace {
 
-constexpr qint64 BaseSteps = 1000000;
+// A file can hold any number of absurd lines, so what one line may spend
+// must stay in proportion to its length, or a few hundred kilobytes of
+// short exploding lines freeze the editor for minutes. The fixed part is
+// ten times what the busiest line of the test suite uses beyond its
+// per-character share; a report costs a few hundred steps, so a line can
+// still file dozens but cannot flood the dock.
+constexpr qint64 BaseSteps = 16384;
 constexpr qint64 StepsPerCharacter = 64;
-constexpr qint64 ReportSteps = 1000;
+constexpr qint64 ReportSteps = 256;
 constexpr int MaxNesting = 200;
 
 } // namespace
