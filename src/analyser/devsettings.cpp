@@ -264,3 +264,35 @@ void DevSettings::buildFormats()
     onChannelsFmt = foreground(QColor(0, 0, 0));
     onMePreFmt = foreground(QColor(0, 0, 153));
 }
+
+QString DevSettings::formatName(const QTextCharFormat &format)
+{
+    // Several formats look alike; the first of this list names them.
+    const std::pair<const char *, const QTextCharFormat *> named[] = {
+        {"ctrlFmt", &DevSettings::ctrlFmt},
+        {"commentFmt", &DevSettings::commentFmt},
+        {"rcommentFmt", &DevSettings::rcommentFmt},
+        {"commentNoEndFmt", &DevSettings::commentNoEndFmt},
+        {"errFmt", &DevSettings::errFmt},
+        {"wrnFmt", &DevSettings::wrnFmt},
+        {"infFmt", &DevSettings::infFmt},
+        {"aliasFmt", &DevSettings::aliasFmt},
+        {"aliasSwitchFmt", &DevSettings::aliasSwitchFmt},
+        {"aliasNameFmt", &DevSettings::aliasNameFmt},
+        {"dialogStrFmt", &DevSettings::dialogStrFmt},
+        {"cmdFmt", &DevSettings::cmdFmt},
+        {"identFmt", &DevSettings::identFmt},
+        {"identPropFmt", &DevSettings::identPropFmt},
+        {"varFmt", &DevSettings::varFmt},
+        {"groupFmt", &DevSettings::groupFmt},
+        {"todoFmt", &DevSettings::todoFmt},
+        {"onEventFmt", &DevSettings::onEventFmt},
+        {"onChannelsFmt", &DevSettings::onChannelsFmt},
+        {"pipeFmt", &DevSettings::pipeFmt},
+    };
+    for (const auto &entry : named) {
+        if (*entry.second == format)
+            return QString::fromLatin1(entry.first);
+    }
+    return QStringLiteral("other");
+}

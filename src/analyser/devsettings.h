@@ -22,6 +22,9 @@ public:
     static int commandMatchLength(const QString &word);
     // The same by walking cmdRgx in order; the reference for the above.
     static int commandPatternMatchLength(const QString &word);
+    // The name of the format member `format` looks like ("cmdFmt" and so
+    // on), the first of several alike; "other" for none of them.
+    static QString formatName(const QTextCharFormat &format);
 
     // Patterns.
     static QRegularExpression commentStartRgx;

@@ -120,32 +120,7 @@ QString AnalyserHarness::formatName(const QTextCharFormat &fmt)
 {
     if (fmt == QTextCharFormat())
         return QStringLiteral("none");
-    // Several members share one look; the first of this list wins.
-    const QList<QPair<const char *, const QTextCharFormat *>> named = {
-        {"ctrlFmt", &DevSettings::ctrlFmt},
-        {"commentFmt", &DevSettings::commentFmt},
-        {"commentNoEndFmt", &DevSettings::commentNoEndFmt},
-        {"errFmt", &DevSettings::errFmt},
-        {"wrnFmt", &DevSettings::wrnFmt},
-        {"infFmt", &DevSettings::infFmt},
-        {"aliasFmt", &DevSettings::aliasFmt},
-        {"aliasSwitchFmt", &DevSettings::aliasSwitchFmt},
-        {"aliasNameFmt", &DevSettings::aliasNameFmt},
-        {"dialogStrFmt", &DevSettings::dialogStrFmt},
-        {"cmdFmt", &DevSettings::cmdFmt},
-        {"identFmt", &DevSettings::identFmt},
-        {"identPropFmt", &DevSettings::identPropFmt},
-        {"varFmt", &DevSettings::varFmt},
-        {"groupFmt", &DevSettings::groupFmt},
-        {"todoFmt", &DevSettings::todoFmt},
-        {"onEventFmt", &DevSettings::onEventFmt},
-        {"onChannelsFmt", &DevSettings::onChannelsFmt},
-    };
-    for (const auto &entry : named) {
-        if (*entry.second == fmt)
-            return QString::fromLatin1(entry.first);
-    }
-    return QStringLiteral("other");
+    return DevSettings::formatName(fmt);
 }
 
 QStringList AnalyserHarness::columnFormats(int block) const
