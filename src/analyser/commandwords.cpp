@@ -7,7 +7,7 @@
 // why they are spelled out rather than matched. A case-insensitive keyword
 // compares by simple case folding, as the patterns' caseless matching does
 // (so `elſe`, with a long s, is an else).
-bool isPrefixedKeyword(const QString &word, std::initializer_list<QLatin1String> keywords,
+bool isPrefixedKeyword(QStringView word, std::initializer_list<QLatin1String> keywords,
                        Qt::CaseSensitivity cs)
 {
     int start = 0;
@@ -33,17 +33,17 @@ bool isPrefixedKeyword(const QString &word, std::initializer_list<QLatin1String>
     return false;
 }
 
-bool isVarKeyword(const QString &word)
+bool isVarKeyword(QStringView word)
 {
     return isPrefixedKeyword(word, {QLatin1String("var")}, Qt::CaseSensitive);
 }
 
-bool isElseKeyword(const QString &word)
+bool isElseKeyword(QStringView word)
 {
     return isPrefixedKeyword(word, {QLatin1String("else")}, Qt::CaseInsensitive);
 }
 
-bool isCtrlKeyword(const QString &word)
+bool isCtrlKeyword(QStringView word)
 {
     return isPrefixedKeyword(word, {QLatin1String("if"), QLatin1String("elseif"),
                                     QLatin1String("while")},

@@ -9,14 +9,14 @@
 // start a variable, a condition or an else? The word holds no white space.
 
 // At most four of `.!/`, then one of `keywords`, then the end of the word.
-bool isPrefixedKeyword(const QString &word, std::initializer_list<QLatin1String> keywords,
+bool isPrefixedKeyword(QStringView word, std::initializer_list<QLatin1String> keywords,
                        Qt::CaseSensitivity cs);
 
 // `var`, case-sensitive.
-bool isVarKeyword(const QString &word);
+bool isVarKeyword(QStringView word);
 // `else`, in any case.
-bool isElseKeyword(const QString &word);
+bool isElseKeyword(QStringView word);
 // `if`, `elseif` or `while`, in any case.
-bool isCtrlKeyword(const QString &word);
+bool isCtrlKeyword(QStringView word);
 
 #endif // COMMANDWORDS_H

@@ -118,7 +118,7 @@ void DevSettings::buildCommandPatterns()
 // character. At most one name can do that, so the first match of the walk
 // is the only one, and a set lookup gives the same answer.
 
-static bool hasUnpairedSurrogate(const QString &word)
+static bool hasUnpairedSurrogate(QStringView word)
 {
     const int size = word.size();
     for (int i = 0; i < size; ++i) {
@@ -150,7 +150,7 @@ static char caselessAsciiLetter(QChar c)
 }
 
 // Whether a word boundary test sees a word character at `pos`.
-static bool isPatternWordChar(const QString &word, int pos)
+static bool isPatternWordChar(QStringView word, int pos)
 {
     const char16_t u = word.at(pos).unicode();
     if (u < 0x80) {
@@ -167,7 +167,7 @@ static bool isPatternWordChar(const QString &word, int pos)
         .hasMatch();
 }
 
-int DevSettings::commandMatchLength(const QString &word)
+int DevSettings::commandMatchLength(QStringView word)
 {
     // The pattern engine refuses a subject that is not valid UTF-16.
     if (hasUnpairedSurrogate(word))
@@ -198,7 +198,12 @@ int DevSettings::commandMatchLength(const QString &word)
         return -1;
     if (pos < size && isPatternWordChar(word, pos))
         return -1;
-    if (!commandNames.contains(QString::fromLatin1(name, length)))
+    // Every command's first word comes here: the name is looked up in
+    // place rather than copied into a new string.
+    char16_t wide[sizeof(name)];
+    for (int i = 0; i < length; ++i)
+        wide[i] = char16_t(name[i]);
+    if (!commandNames.contains(QString::fromRawData(reinterpret_cast<const QChar *>(wide), length)))
         return -1;
     return pos;
 }

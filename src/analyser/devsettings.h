@@ -19,7 +19,7 @@ public:
     // Length of the match of the first command pattern that matches `word`
     // (prefix characters included), or -1. Answered from the set of names,
     // with the same result as walking cmdRgx.
-    static int commandMatchLength(const QString &word);
+    static int commandMatchLength(QStringView word);
     // The same by walking cmdRgx in order; the reference for the above.
     static int commandPatternMatchLength(const QString &word);
     // The name of the format member `format` looks like ("cmdFmt" and so

@@ -59,16 +59,6 @@ void MslSyntaxHighlighter::startBudget(const QString &str)
     budgetReporting = false;
 }
 
-bool MslSyntaxHighlighter::spend(qint64 steps, int pos)
-{
-    if (budgetStopped)
-        return true;
-    budgetLeft -= steps;
-    if (budgetLeft < 0)
-        stopAnalysis(pos);
-    return budgetStopped;
-}
-
 bool MslSyntaxHighlighter::reportAllowed(int pos)
 {
     // A report costs far more than a step, so a line cannot flood the dock.

@@ -121,7 +121,7 @@ void MslSyntaxHighlighter::parseCmdLine(const QString &str, int &pos, int &brack
     eatSpaces(str, pos);
     const int cmdStart = pos;
     eatNSpaces(str, pos);
-    const QString cmd = str.mid(cmdStart, pos - cmdStart);
+    const QStringView cmd = QStringView(str).mid(cmdStart, pos - cmdStart);
 
     if (cmd == QLatin1String("|")) {
         pos += 1;

@@ -157,7 +157,16 @@ private:
         MslSyntaxHighlighter *hl;
     };
     void startBudget(const QString &str);
-    bool spend(qint64 steps, int pos);
+    // Every scan step passes here, hence inline.
+    bool spend(qint64 steps, int pos)
+    {
+        if (budgetStopped)
+            return true;
+        budgetLeft -= steps;
+        if (budgetLeft < 0)
+            stopAnalysis(pos);
+        return budgetStopped;
+    }
     bool reportAllowed(int pos);
     void stopAnalysis(int pos);
     void finishBudget(const QString &str);

@@ -3,9 +3,8 @@
 #include <QByteArray>
 #include <QLatin1String>
 
-#include <algorithm>
 #include <string>
-#include <vector>
+#include <unordered_map>
 
 namespace {
 constexpr unsigned int unbounded = 4294967295u;
@@ -293,30 +292,21 @@ const identifier *MslInfo::getIdentsList()
 // arguments, 3 for too many, 4 for a broken even/odd demand and 5 for an
 // unknown property. The count is judged before the property.
 // The analyser asks for every identifier of every line, so the rows are
-// found by a binary search over the case-folded names rather than a walk
-// over the table. The asked name is folded char by char, which is what the
+// found in a hash of the case-folded names rather than by a walk over the
+// table. The asked name is folded char by char, which is what the
 // case-insensitive comparison with a Latin-1 name does, so `$ſhort` (long
 // s) still finds `$short`, as it always did; the first row of a name wins.
 namespace {
 
-struct IdentKey
-{
-    std::string folded;
-    const identifier *row;
-};
-
 const identifier *findIdent(const QString &ident)
 {
-    static const std::vector<IdentKey> index = [] {
-        std::vector<IdentKey> keys;
+    static const std::unordered_map<std::string, const identifier *> index = [] {
+        std::unordered_map<std::string, const identifier *> rows;
         for (const identifier *row = MslInfo::getIdentsList(); row->name; ++row) {
             const QByteArray folded = QString::fromLatin1(row->name).toCaseFolded().toLatin1();
-            keys.push_back({folded.toStdString(), row});
+            rows.emplace(folded.toStdString(), row); // keeps the first row of a name
         }
-        std::stable_sort(keys.begin(), keys.end(), [](const IdentKey &a, const IdentKey &b) {
-            return a.folded < b.folded;
-        });
-        return keys;
+        return rows;
     }();
 
     // Every name of the table folds to ASCII, so a character that does not
@@ -330,12 +320,8 @@ const identifier *findIdent(const QString &ident)
             return nullptr;
         folded[size_t(i)] = char(c);
     }
-    const auto it = std::lower_bound(
-        index.begin(), index.end(), folded,
-        [](const IdentKey &key, const std::string &name) { return key.folded < name; });
-    if (it == index.end() || it->folded != folded)
-        return nullptr;
-    return it->row;
+    const auto it = index.find(folded);
+    return it == index.end() ? nullptr : it->second;
 }
 
 } // namespace
