@@ -11,6 +11,7 @@
 #include "reportstore.h"
 #include "singlepassload.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QAction>
 #include <QDockWidget>
 #include <QFileDialog>
@@ -217,6 +218,16 @@ void MainWindow::openFile(QFileInfo file, bool isReadOnly)
     // pass filed its reports under an empty name; this pass withdraws them
     // and files them again under the full path. The load skipped that
     // first pass, so the ids are settled where it would have left them.
-    doc->getHighlighter()->rehighlight();
+    {
+        // Every line the pass colours makes the editor's layout ask for a
+        // repaint of the whole view; one request when the pass is done
+        // has the same effect at a fraction of the cost.
+        QAbstractTextDocumentLayout *layout = doc->getEditor()->document()->documentLayout();
+        {
+            const QSignalBlocker quiet(layout);
+            doc->getHighlighter()->rehighlight();
+        }
+        emit layout->update();
+    }
     settleSinglePassIds(doc->getEditor()->document(), reportStore);
 }
