@@ -185,25 +185,23 @@ int DevSettings::commandMatchLength(QStringView word)
     if (pos - prefixStart > 4)
         return -1;
 
-    char name[64];
+    // Every command's first word comes here: the folded name is looked up
+    // from a buffer on the stack rather than a new string.
+    constexpr int capacity = 64;
+    QChar name[capacity];
     int length = 0;
-    while (pos < size && length <= longestCommandName && length < int(sizeof(name))) {
+    while (pos < size && length <= longestCommandName && length < capacity) {
         const char letter = caselessAsciiLetter(word.at(pos));
         if (!letter)
             break;
-        name[length++] = letter;
+        name[length++] = QLatin1Char(letter);
         ++pos;
     }
     if (length == 0 || length > longestCommandName)
         return -1;
     if (pos < size && isPatternWordChar(word, pos))
         return -1;
-    // Every command's first word comes here: the name is looked up in
-    // place rather than copied into a new string.
-    char16_t wide[sizeof(name)];
-    for (int i = 0; i < length; ++i)
-        wide[i] = char16_t(name[i]);
-    if (!commandNames.contains(QString::fromRawData(reinterpret_cast<const QChar *>(wide), length)))
+    if (!commandNames.contains(QString::fromRawData(name, length)))
         return -1;
     return pos;
 }

@@ -218,16 +218,14 @@ void MainWindow::openFile(QFileInfo file, bool isReadOnly)
     // pass filed its reports under an empty name; this pass withdraws them
     // and files them again under the full path. The load skipped that
     // first pass, so the ids are settled where it would have left them.
+    // Every line the pass colours makes the editor's layout ask for a
+    // repaint of the whole view; one request when the pass is done has the
+    // same effect at a fraction of the cost.
+    QAbstractTextDocumentLayout *layout = doc->getEditor()->document()->documentLayout();
     {
-        // Every line the pass colours makes the editor's layout ask for a
-        // repaint of the whole view; one request when the pass is done
-        // has the same effect at a fraction of the cost.
-        QAbstractTextDocumentLayout *layout = doc->getEditor()->document()->documentLayout();
-        {
-            const QSignalBlocker quiet(layout);
-            doc->getHighlighter()->rehighlight();
-        }
-        emit layout->update();
+        const QSignalBlocker quiet(layout);
+        doc->getHighlighter()->rehighlight();
     }
+    emit layout->update();
     settleSinglePassIds(doc->getEditor()->document(), reportStore);
 }
