@@ -6,6 +6,7 @@
 #include <QColor>
 #include <QCompleter>
 #include <QFont>
+#include <QHash>
 #include <QIcon>
 #include <QLatin1String>
 #include <QStandardItem>
@@ -201,10 +202,16 @@ QAbstractItemModel *MslInfo::getComProIds(QObject *parent)
         { "UnityWebPlayer.UnityWebPlayer.1", "com.unity.png" },
     };
 
+    // Ninety-one names share twenty-eight pictures, and reading a picture
+    // costs more than the rest of the list: each is read once.
+    QHash<QLatin1String, QIcon> icons;
     QStandardItemModel *model = new QStandardItemModel(parent);
     for (const progId &id : progIds) {
-        const QIcon icon(QLatin1String(comIconDir) + QLatin1String(id.icon));
-        model->appendRow(new QStandardItem(icon, QLatin1String(id.name)));
+        const QLatin1String iconName(id.icon);
+        auto icon = icons.constFind(iconName);
+        if (icon == icons.constEnd())
+            icon = icons.insert(iconName, QIcon(QLatin1String(comIconDir) + iconName));
+        model->appendRow(new QStandardItem(*icon, QLatin1String(id.name)));
     }
     return model;
 }
