@@ -110,6 +110,8 @@ private:
     // Document commands (mainwindow_commands.cpp).
     void openAllFiles(QString ddeIndex);
     MdiChildEditor *currentEditorDocument() const;
+    // Report dock (mainwindow_reports.cpp).
+    void jumpToReport(const QStandardItemModel *model, int row);
     // Frame (mainwindow_frame.cpp).
     void builToolBar();
     void buildMenuBar();

@@ -125,23 +125,18 @@ JumpTarget jumpTarget(const QStandardItemModel *model, int row)
 
 void MainWindow::debugDClick(QModelIndex index)
 {
-    const JumpTarget t = jumpTarget(layout, index.row());
-    const QVector<MdiChildEditor *> open = edtWindows;
-    for (MdiChildEditor *doc : open) {
-        if (doc->file().absoluteFilePath() != t.file)
-            continue;
-        mdiContainer->setCurrentWidget(doc);
-        MslTextEditor *editor = doc->getEditor();
-        editor->gotoLine(t.line);
-        editor->gotoPos(t.pos);
-        editor->setFocus(Qt::OtherFocusReason);
-        return;
-    }
+    jumpToReport(layout, index.row());
 }
 
 void MainWindow::statusDClick(QModelIndex index)
 {
-    const JumpTarget t = jumpTarget(msgsLayout, index.row());
+    jumpToReport(msgsLayout, index.row());
+}
+
+// A row whose file is not open, or no longer under that name, goes nowhere.
+void MainWindow::jumpToReport(const QStandardItemModel *model, int row)
+{
+    const JumpTarget t = jumpTarget(model, row);
     const QVector<MdiChildEditor *> open = edtWindows;
     for (MdiChildEditor *doc : open) {
         if (doc->file().absoluteFilePath() != t.file)
