@@ -86,6 +86,10 @@ private:
     QTextCursor findNextIdent(const QString &identifier, const QTextCursor &cursor,
                               QTextDocument::FindFlags options);
     QRegularExpression readSearchPattern() const;
+    // The search line's pattern in pattern mode, no pattern in the others.
+    QRegularExpression modePattern() const;
+    // Selects the next hit from the text cursor on, when there is one.
+    void selectNextHit(bool backward);
     QTextCursor searchInMode(const QTextCursor &from, bool backward,
                              const QRegularExpression &pattern);
 

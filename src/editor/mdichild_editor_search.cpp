@@ -270,6 +270,18 @@ QRegularExpression MdiChildEditor::readSearchPattern() const
     return QRegularExpression(text, options);
 }
 
+QRegularExpression MdiChildEditor::modePattern() const
+{
+    return searchType == PatternSearch ? readSearchPattern() : QRegularExpression();
+}
+
+void MdiChildEditor::selectNextHit(bool backward)
+{
+    const QTextCursor cursor = searchInMode(editor->textCursor(), backward, modePattern());
+    if (!cursor.isNull())
+        editor->setTextCursor(cursor);
+}
+
 QTextCursor MdiChildEditor::searchInMode(const QTextCursor &from, bool backward,
                                          const QRegularExpression &pattern)
 {
@@ -313,9 +325,7 @@ QTextCursor MdiChildEditor::findNextIdent(const QString &identifier, const QText
 
 void MdiChildEditor::search_change()
 {
-    QRegularExpression pattern;
-    if (searchType == PatternSearch)
-        pattern = readSearchPattern();
+    const QRegularExpression pattern = modePattern();
 
     QList<QTextEdit::ExtraSelection> selections;
     QTextCursor cursor = searchInMode(QTextCursor(), false, pattern);
@@ -333,12 +343,7 @@ void MdiChildEditor::search_change()
 
 void MdiChildEditor::search_next()
 {
-    QRegularExpression pattern;
-    if (searchType == PatternSearch)
-        pattern = readSearchPattern();
-    const QTextCursor cursor = searchInMode(editor->textCursor(), false, pattern);
-    if (!cursor.isNull())
-        editor->setTextCursor(cursor);
+    selectNextHit(false);
     editor->setFocus(Qt::OtherFocusReason);
 }
 
@@ -346,22 +351,12 @@ void MdiChildEditor::search_next()
 // walks through the hits.
 void MdiChildEditor::search_enter()
 {
-    QRegularExpression pattern;
-    if (searchType == PatternSearch)
-        pattern = readSearchPattern();
-    const QTextCursor cursor = searchInMode(editor->textCursor(), false, pattern);
-    if (!cursor.isNull())
-        editor->setTextCursor(cursor);
+    selectNextHit(false);
 }
 
 void MdiChildEditor::search_prev()
 {
-    QRegularExpression pattern;
-    if (searchType == PatternSearch)
-        pattern = readSearchPattern();
-    const QTextCursor cursor = searchInMode(editor->textCursor(), true, pattern);
-    if (!cursor.isNull())
-        editor->setTextCursor(cursor);
+    selectNextHit(true);
     editor->setFocus(Qt::OtherFocusReason);
 }
 
@@ -372,9 +367,7 @@ void MdiChildEditor::search_replace()
     if (replaceCursor.hasSelection())
         editor->insertPlainText(replacement->text());
 
-    QRegularExpression pattern;
-    if (searchType == PatternSearch)
-        pattern = readSearchPattern();
+    const QRegularExpression pattern = modePattern();
     const QTextCursor from = searchType == IdentSearch ? editor->textCursor() : replaceCursor;
     const QTextCursor cursor = searchInMode(from, false, pattern);
     if (!cursor.isNull())
@@ -385,9 +378,7 @@ void MdiChildEditor::search_replace()
 // Each replacement is an undo step of its own.
 void MdiChildEditor::search_replaceAll()
 {
-    QRegularExpression pattern;
-    if (searchType == PatternSearch)
-        pattern = readSearchPattern();
+    const QRegularExpression pattern = modePattern();
 
     QTextCursor start;
     if (searchType == CaseSearch || searchType == PatternSearch || searchType == WordSearch)
