@@ -299,12 +299,9 @@ int MslSyntaxHighlighter::parseDialogControl(const QString &str, int &pos, const
     const int start = pos;
     setFormat(start - keywordLength, keywordLength, DevSettings::dialogCmdFmt);
     eatSpaces(str, pos);
-    if (pos >= str.size()) {
-        setFormat(pos - keywordLength, keywordLength, DevSettings::errFmt);
-        throwError(3, pos - keywordLength, dialogBlock(),
-                   keywordMessage("Dialog `%1' missing parameters", keyword));
-        return TableGoesOn;
-    }
+    if (pos >= str.size())
+        return missingDialogField(pos - keywordLength, pos - keywordLength, keywordLength,
+                                  "Dialog `%1' missing parameters", keyword);
 
     // Text field. A closing quote need not be followed by a comma: what
     // follows it starts the next field.
@@ -317,12 +314,9 @@ int MslSyntaxHighlighter::parseDialogControl(const QString &str, int &pos, const
     }
 
     ++pos;
-    if (pos >= str.size()) {
-        setFormat(pos - keywordLength, keywordLength, DevSettings::errFmt);
-        throwError(3, pos - keywordLength, dialogBlock(),
-                   keywordMessage("Dialog `%1' missing ID", keyword));
-        return TableGoesOn;
-    }
+    if (pos >= str.size())
+        return missingDialogField(pos - keywordLength, pos - keywordLength, keywordLength,
+                                  "Dialog `%1' missing ID", keyword);
 
     scanDialogField(str, pos, start, keywordLength, false);
     ++pos;
@@ -330,10 +324,8 @@ int MslSyntaxHighlighter::parseDialogControl(const QString &str, int &pos, const
         // These three need no position.
         if (isOneOf(keyword, {"tab", "menu", "item"}))
             return TableGoesOn;
-        setFormat(pos - keywordLength, keywordLength, DevSettings::errFmt);
-        throwError(3, pos - keywordLength, dialogBlock(),
-                   keywordMessage("Dialog `%1' missing size parameters: <x> <y> <w> <h>", keyword));
-        return TableGoesOn;
+        return missingDialogField(pos - keywordLength, pos - keywordLength, keywordLength,
+                                  "Dialog `%1' missing size parameters: <x> <y> <w> <h>", keyword);
     }
 
     scanDialogField(str, pos, start, keywordLength, false);
@@ -348,22 +340,17 @@ int MslSyntaxHighlighter::parseDialogListControl(const QString &str, int &pos,
     const int start = pos;
     setFormat(start - keywordLength, keywordLength, DevSettings::dialogCmdFmt);
     eatSpaces(str, pos);
-    if (pos >= str.size()) {
-        setFormat(pos - keywordLength, keywordLength, DevSettings::errFmt);
-        throwError(3, pos - keywordLength, dialogBlock(),
-                   keywordMessage("Dialog `%1' missing ID", keyword));
-        return TableGoesOn;
-    }
+    if (pos >= str.size())
+        return missingDialogField(pos - keywordLength, pos - keywordLength, keywordLength,
+                                  "Dialog `%1' missing ID", keyword);
 
     scanDialogField(str, pos, start, keywordLength, false);
     ++pos;
     if (pos >= str.size()) {
         // Unlike the controls with a text field, the keyword itself is
         // marked here.
-        setFormat(start - keywordLength, keywordLength, DevSettings::errFmt);
-        throwError(3, start, dialogBlock(),
-                   keywordMessage("Dialog `%1' missing size parameters: <x> <y> <w> <h>", keyword));
-        return TableGoesOn;
+        return missingDialogField(start - keywordLength, start, keywordLength,
+                                  "Dialog `%1' missing size parameters: <x> <y> <w> <h>", keyword);
     }
 
     scanDialogField(str, pos, start, keywordLength, false);
@@ -371,6 +358,16 @@ int MslSyntaxHighlighter::parseDialogListControl(const QString &str, int &pos,
     if (pos >= str.length())
         return TableGoesOn;
     return parseDialogStyles(str, pos, keyword);
+}
+
+// A control line that ends before a required field: the keyword is
+// marked, the report goes to `column`, and the table goes on.
+int MslSyntaxHighlighter::missingDialogField(int markStart, int column, int keywordLength,
+                                             const char *message, const QString &keyword)
+{
+    setFormat(markStart, keywordLength, DevSettings::errFmt);
+    throwError(3, column, dialogBlock(), keywordMessage(message, keyword));
+    return TableGoesOn;
 }
 
 void MslSyntaxHighlighter::scanDialogField(const QString &str, int &pos, int k, int keywordLength,

@@ -258,6 +258,8 @@ private:
     int parseDialogControl(const QString &str, int &pos, const QString &keyword, int keywordLength);
     int parseDialogListControl(const QString &str, int &pos, const QString &keyword,
                                int keywordLength);
+    int missingDialogField(int markStart, int column, int keywordLength, const char *message,
+                           const QString &keyword);
     bool takeDialogQuotedString(const QString &str, int &pos);
     void scanDialogField(const QString &str, int &pos, int k, int keywordLength, bool textField);
     int parseDialogStyles(const QString &str, int &pos, const QString &obj);
