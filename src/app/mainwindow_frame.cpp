@@ -61,7 +61,11 @@ void MainWindow::showAbout()
 
 void MainWindow::resizeBar()
 {
+    // Raising the limit alone lets the dock grow to its size hint at once;
+    // it is meant to stay as short as it came up until the user drags it.
+    const int height = reportContainer->height();
     reportContainer->setMaximumHeight(500);
+    resizeDocks({ reportContainer }, { height }, Qt::Vertical);
 }
 
 void MainWindow::setOnTop(bool ontop)

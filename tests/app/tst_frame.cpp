@@ -63,6 +63,7 @@ private slots:
     void exitAsksNothing();
     void onTopFlag();
     void resizeBarWidensDock();
+    void raisedLimitKeepsDockShort();
     void ddeServersSkipEmptyNames();
     void openFromDdeTree();
 
@@ -374,6 +375,31 @@ void TestFrame::resizeBarWidensDock()
     QCOMPARE(a.reportDock()->maximumHeight(), 150);
     a.resizeBar();
     QCOMPARE(a.reportDock()->maximumHeight(), 500);
+}
+
+// The dock comes up short and stays so once the limit is raised: only the
+// user makes it taller.
+void TestFrame::raisedLimitKeepsDockShort()
+{
+    MainWindow w;
+    MainWindowTestAccess a(&w);
+    w.resize(1000, 700);
+    w.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    QCoreApplication::processEvents();
+    const int shortHeight = a.reportDock()->height();
+    QVERIFY(shortHeight <= 150);
+
+    a.resizeBar();
+    QCoreApplication::processEvents();
+    QCOMPARE(a.reportDock()->height(), shortHeight);
+    w.resize(1000, 900);
+    QCoreApplication::processEvents();
+    QCOMPARE(a.reportDock()->height(), shortHeight);
+
+    w.resizeDocks({ a.reportDock() }, { 400 }, Qt::Vertical);
+    QCoreApplication::processEvents();
+    QCOMPARE(a.reportDock()->height(), 400);
 }
 
 void TestFrame::ddeServersSkipEmptyNames()
