@@ -171,6 +171,30 @@ void BM_enter(benchmark::State &state)
     }
 }
 
+// One character that changes the state of every later line: "alias
+// proc1 {x" no longer opens a block, so the analysis ripples down the
+// document and the dock trades the reports of every line it reaches.
+void BM_ripple(benchmark::State &state)
+{
+    const int lines = int(state.range(0));
+    MainWindow w(nullptr);
+    MainWindowTestAccess::open(w, QFileInfo(corpusFile(lines)));
+    auto *doc = qobject_cast<MdiChildEditor *>(MainWindowTestAccess::tabs(w)->currentWidget());
+    MslTextEditor *editor = doc->getEditor();
+    for (auto _ : state) {
+        state.PauseTiming();
+        QTextCursor first(editor->document()->firstBlock());
+        first.movePosition(QTextCursor::EndOfBlock);
+        editor->setTextCursor(first);
+        state.ResumeTiming();
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_X, Qt::NoModifier, QStringLiteral("x"));
+        QCoreApplication::sendEvent(editor, &press);
+        state.PauseTiming();
+        editor->document()->undo();
+        state.ResumeTiming();
+    }
+}
+
 #ifdef TARNWICK_LINT_PATH
 void BM_lint(benchmark::State &state)
 {
@@ -195,6 +219,7 @@ BENCHMARK(BM_analyse)->Arg(20000)->Arg(40000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_load)->Arg(20000)->Arg(40000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_open)->Arg(20000)->Arg(40000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_enter)->Arg(20000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_ripple)->Arg(20000)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char **argv)
 {
