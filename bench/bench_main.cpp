@@ -171,7 +171,7 @@ void BM_enter(benchmark::State &state)
     }
 }
 
-// One character that changes the state of every later line: "alias
+// One character that changes the state of most later lines: "alias
 // proc1 {x" no longer opens a block, so the analysis ripples down the
 // document and the dock trades the reports of every line it reaches.
 void BM_ripple(benchmark::State &state)
