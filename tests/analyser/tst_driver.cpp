@@ -29,18 +29,7 @@ QString runsFor(const AnalyserHarness &h, int block, const QString &expected)
         return h.formatRuns(block);
     const int colon = expected.indexOf(QLatin1Char(':'));
     const int from = expected.mid(5, colon - 5).toInt();
-    const QStringList cols = h.columnFormats(block);
-    QStringList runs;
-    int c = from;
-    while (c < cols.size()) {
-        int e = c + 1;
-        while (e < cols.size() && cols.at(e) == cols.at(c))
-            ++e;
-        if (cols.at(c) != QLatin1String("none"))
-            runs << QStringLiteral("%1@%2+%3").arg(cols.at(c)).arg(c).arg(e - c);
-        c = e;
-    }
-    return QStringLiteral("from %1: %2").arg(from).arg(runs.join(QLatin1Char(' ')));
+    return QStringLiteral("from %1: %2").arg(from).arg(h.formatRuns(block, from, -1));
 }
 
 QString brief(int line, int col, int type, const QString &block, const QString &msg)

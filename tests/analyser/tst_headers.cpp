@@ -8,23 +8,6 @@
 
 namespace {
 
-// Format runs of the columns [0, end) of a line.
-QString runsBefore(const AnalyserHarness &h, int block, int end)
-{
-    const QStringList cols = h.columnFormats(block).mid(0, end);
-    QStringList runs;
-    int c = 0;
-    while (c < cols.size()) {
-        int e = c + 1;
-        while (e < cols.size() && cols.at(e) == cols.at(c))
-            ++e;
-        if (cols.at(c) != QLatin1String("none"))
-            runs << QStringLiteral("%1@%2+%3").arg(cols.at(c)).arg(c).arg(e - c);
-        c = e;
-    }
-    return runs.join(QLatin1Char(' '));
-}
-
 const QString noBracket =
     QStringLiteral("1:%1 3 Dialog|No opening bracket found, will result in `creation error'");
 
@@ -94,7 +77,7 @@ void TestHeaders::aliasHeader()
     AnalyserHarness h;
     h.setText(line);
 
-    QCOMPARE(runsBefore(h, 0, end + 1), runs);
+    QCOMPARE(h.formatRuns(0, 0, end + 1), runs);
     CBlockData *rec = h.record(0);
     QVERIFY(rec);
     QCOMPARE(rec->blockType, int(CBlockData::Alias));

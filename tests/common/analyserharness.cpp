@@ -134,9 +134,16 @@ QStringList AnalyserHarness::columnFormats(int block) const
 
 QString AnalyserHarness::formatRuns(int block) const
 {
-    const QStringList cols = columnFormats(block);
+    return formatRuns(block, 0, -1);
+}
+
+QString AnalyserHarness::formatRuns(int block, int from, int end) const
+{
+    QStringList cols = columnFormats(block);
+    if (end >= 0)
+        cols = cols.mid(0, end);
     QStringList runs;
-    int c = 0;
+    int c = from;
     while (c < cols.size()) {
         int e = c + 1;
         while (e < cols.size() && cols.at(e) == cols.at(c))

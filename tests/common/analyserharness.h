@@ -76,6 +76,8 @@ public:
     // Runs of equal formats on a line, plain text left out:
     // "cmdFmt@0+4 ctrlFmt@5+1".
     QString formatRuns(int block) const;
+    // The same for the columns [from, end) only; end -1 is the line's end.
+    QString formatRuns(int block, int from, int end) const;
 
 private:
     void onUpdateError(int lineNum, int linePos, QString fname, QString block, QString id,
