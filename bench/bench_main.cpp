@@ -150,13 +150,19 @@ void BM_open(benchmark::State &state)
     setRate(state, lines);
 }
 
+// The editor of the corpus opened in `w`, reports and all.
+MslTextEditor *openCorpus(MainWindow &w, int lines)
+{
+    MainWindowTestAccess::open(w, QFileInfo(corpusFile(lines)));
+    auto *doc = qobject_cast<MdiChildEditor *>(MainWindowTestAccess::tabs(w)->currentWidget());
+    return doc->getEditor();
+}
+
 void BM_enter(benchmark::State &state)
 {
     const int lines = int(state.range(0));
     MainWindow w(nullptr);
-    MainWindowTestAccess::open(w, QFileInfo(corpusFile(lines)));
-    auto *doc = qobject_cast<MdiChildEditor *>(MainWindowTestAccess::tabs(w)->currentWidget());
-    MslTextEditor *editor = doc->getEditor();
+    MslTextEditor *editor = openCorpus(w, lines);
     QTextCursor middle(editor->document()->findBlockByNumber(lines / 2));
     middle.movePosition(QTextCursor::EndOfBlock);
     for (auto _ : state) {
@@ -176,11 +182,8 @@ void BM_enter(benchmark::State &state)
 // document and the dock trades the reports of every line it reaches.
 void BM_ripple(benchmark::State &state)
 {
-    const int lines = int(state.range(0));
     MainWindow w(nullptr);
-    MainWindowTestAccess::open(w, QFileInfo(corpusFile(lines)));
-    auto *doc = qobject_cast<MdiChildEditor *>(MainWindowTestAccess::tabs(w)->currentWidget());
-    MslTextEditor *editor = doc->getEditor();
+    MslTextEditor *editor = openCorpus(w, int(state.range(0)));
     for (auto _ : state) {
         state.PauseTiming();
         QTextCursor first(editor->document()->firstBlock());
