@@ -269,9 +269,9 @@ void TestCommands::closeAllCancelOnSecond()
     QCOMPARE(a.editors().size(), 3);
     MdiChildEditor *second = a.editors().at(1);
 
-    ModalDriver driver({ModalDriver::clickMessageButton(QMessageBox::Discard),
-                        ModalDriver::clickMessageButton(QMessageBox::Cancel),
-                        ModalDriver::clickMessageButton(QMessageBox::Discard)});
+    NestedLoopDriver driver({NestedLoopDriver::clickButton(QMessageBox::Discard),
+                        NestedLoopDriver::clickButton(QMessageBox::Cancel),
+                        NestedLoopDriver::clickButton(QMessageBox::Discard)});
     a.closeAllFiles();
     QCOMPARE(driver.left(), 0);
     QCOMPARE(driver.titles.size(), 3);
@@ -334,7 +334,7 @@ void TestCommands::saveAllSkipsReadOnly()
     QTextCursor ro(a.editors().at(1)->getEditor()->document());
     ro.insertText(QStringLiteral("; sneaked in\n"));
 
-    ModalDriver driver({});
+    NestedLoopDriver driver;
     a.saveAll();
     QCOMPARE(driver.titles, QStringList());
     QCOMPARE(readFile(writable), QByteArray("alias a {\r\n}\r\n; added"));
@@ -350,14 +350,14 @@ void TestCommands::tabButtonCancelKeepsTab()
     a.openFile(writeFile(QStringLiteral("tab.mrc"), "x"), false);
     a.editors().first()->getEditor()->textCursor().insertText(QStringLiteral("y"));
     {
-        ModalDriver driver({ModalDriver::clickMessageButton(QMessageBox::Cancel)});
+        NestedLoopDriver driver({NestedLoopDriver::clickButton(QMessageBox::Cancel)});
         a.tabCloseRequested(0);
         QCOMPARE(driver.titles.size(), 1);
     }
     QCOMPARE(a.tabs()->count(), 1);
     QCOMPARE(a.editors().size(), 1);
     {
-        ModalDriver driver({ModalDriver::clickMessageButton(QMessageBox::Discard)});
+        NestedLoopDriver driver({NestedLoopDriver::clickButton(QMessageBox::Discard)});
         a.tabCloseRequested(0);
         QCOMPARE(driver.titles.size(), 1);
     }

@@ -68,7 +68,7 @@ public:
 namespace {
 
 // Picks a row of the chooser, then presses Ok.
-ModalDriver::Answer chooseRow(int row)
+NestedLoopDriver::Answer chooseRow(int row)
 {
     return [row](QWidget *w) {
         auto *chooser = qobject_cast<NewProjectDialog *>(w);
@@ -82,7 +82,7 @@ ModalDriver::Answer chooseRow(int row)
     };
 }
 
-ModalDriver::Answer pressCancel()
+NestedLoopDriver::Answer pressCancel()
 {
     return [](QWidget *w) {
         auto *box = w->findChild<QDialogButtonBox *>();
@@ -90,7 +90,7 @@ ModalDriver::Answer pressCancel()
     };
 }
 
-ModalDriver::Answer closeWindow()
+NestedLoopDriver::Answer closeWindow()
 {
     return [](QWidget *w) { w->close(); };
 }
@@ -193,7 +193,7 @@ void TestDialogs::chooserOkPicksRow()
 {
     QFETCH(int, row);
     NewProjectDialog d(nullptr);
-    ModalDriver driver({chooseRow(row)});
+    NestedLoopDriver driver({chooseRow(row)});
     QCOMPARE(d.exec(), row);
 }
 
@@ -233,13 +233,13 @@ void TestDialogs::chooserCancelAndClose()
 {
     {
         NewProjectDialog d(nullptr);
-        ModalDriver driver({pressCancel()});
+        NestedLoopDriver driver({pressCancel()});
         QCOMPARE(d.exec(), -1);
     }
     {
         // The window's own close goes through reject(): 0, not -1.
         NewProjectDialog d(nullptr);
-        ModalDriver driver({closeWindow()});
+        NestedLoopDriver driver({closeWindow()});
         QCOMPARE(d.exec(), 0);
     }
 }
@@ -275,9 +275,9 @@ void TestDialogs::newFileActsOnChoice()
 
     MainWindow w;
     MainWindowTestAccess a(&w);
-    ModalDriver::Answer first = answer >= 0 ? chooseRow(answer)
+    NestedLoopDriver::Answer first = answer >= 0 ? chooseRow(answer)
                                             : answer == -1 ? pressCancel() : closeWindow();
-    ModalDriver driver({first, ModalDriver::clickMessageButton(QMessageBox::Ok)});
+    NestedLoopDriver driver({first, NestedLoopDriver::clickButton(QMessageBox::Ok)});
     a.newFile();
     QCOMPARE(driver.titles.first(), QStringLiteral("Choose A Tool"));
     if (box.isEmpty()) {
@@ -314,7 +314,7 @@ void TestDialogs::aboutBox()
     QCOMPARE(links.count(QStringLiteral("href=\"irc://")), 2);
     QCOMPARE(links.count(QStringLiteral("#0000ff")), 2);
 
-    ModalDriver driver({[](QWidget *w) {
+    NestedLoopDriver driver({[](QWidget *w) {
         AboutDialog *about = qobject_cast<AboutDialog *>(w);
         QVERIFY(about);
         AboutDialogTestAccess(about).ok()->click();
@@ -333,11 +333,11 @@ void TestDialogs::aboutIsMadeOnce()
         qobject_cast<QDialog *>(dialog)->reject();
     };
     {
-        ModalDriver driver({record});
+        NestedLoopDriver driver({record});
         a.showAbout();
     }
     {
-        ModalDriver driver({record});
+        NestedLoopDriver driver({record});
         a.showAbout();
     }
     QCOMPARE(seen.size(), 2);
@@ -386,7 +386,7 @@ void TestDialogs::selectDdeAddBringsDeleteBack()
     a.list()->setCurrentRow(0);
     a.del()->click();
     QVERIFY(!a.del()->isEnabled());
-    ModalDriver driver({[](QWidget *w) {
+    NestedLoopDriver driver({[](QWidget *w) {
         auto *input = qobject_cast<QInputDialog *>(w);
         QVERIFY(input);
         input->setTextValue(QStringLiteral("other"));
@@ -403,7 +403,7 @@ void TestDialogs::selectDdeAddCancelAddsNothing()
 {
     SelectDDE d;
     SelectDDETestAccess a(&d);
-    ModalDriver driver({[](QWidget *w) {
+    NestedLoopDriver driver({[](QWidget *w) {
         auto *input = qobject_cast<QInputDialog *>(w);
         input->setTextValue(QStringLiteral("typed then cancelled"));
         input->reject();
@@ -450,8 +450,8 @@ void TestDialogs::selectDdeCancelAsks()
     SelectDDE d;
     SelectDDETestAccess a(&d);
     d.show();
-    ModalDriver driver(
-        {ModalDriver::clickMessageButton(QMessageBox::StandardButton(button))});
+    NestedLoopDriver driver(
+        {NestedLoopDriver::clickButton(QMessageBox::StandardButton(button))});
     a.buttons()->button(QDialogButtonBox::Cancel)->click();
     QCOMPARE(driver.titles, QStringList{QStringLiteral("Proceed?")});
     QVERIFY(driver.texts.first().startsWith(

@@ -312,7 +312,7 @@ void TestFrame::closeAsksAndCancelKeepsRunning()
     a.messageBarMenu()->setChecked(false);
 
     {
-        ModalDriver driver({ModalDriver::clickMessageButton(QMessageBox::Cancel)});
+        NestedLoopDriver driver({NestedLoopDriver::clickButton(QMessageBox::Cancel)});
         QVERIFY(!w.close());
         QCOMPARE(driver.titles, QStringList{QStringLiteral("Save Changes?")});
     }
@@ -322,7 +322,7 @@ void TestFrame::closeAsksAndCancelKeepsRunning()
     QSettings s2 = openSettings(QStringLiteral("settings"));
     QCOMPARE(s2.value(QStringLiteral("msgBar")).toBool(), false);
 
-    ModalDriver driver({ModalDriver::clickMessageButton(QMessageBox::Discard)});
+    NestedLoopDriver driver({NestedLoopDriver::clickButton(QMessageBox::Discard)});
     QVERIFY(w.close());
     QCOMPARE(driver.titles.size(), 1);
 }
@@ -341,7 +341,7 @@ void TestFrame::exitAsksNothing()
 
     QAction *exit = findAction(w, QStringLiteral("&File"), QStringLiteral("E&xit"));
     QVERIFY(exit);
-    ModalDriver driver({});
+    NestedLoopDriver driver;
     int code = -1;
     QTimer::singleShot(0, exit, &QAction::trigger);
     QTimer::singleShot(5000, [] { QCoreApplication::exit(7); });
@@ -412,7 +412,7 @@ void TestFrame::ddeServersSkipEmptyNames()
         s.setValue(QStringLiteral("dde_2"), QStringLiteral("second"));
         s.setValue(QStringLiteral("dde_3"), QStringLiteral("beyond the count"));
     }
-    ModalDriver driver({});
+    NestedLoopDriver driver;
     MainWindow w;
     MainWindowTestAccess a(&w);
     QCOMPARE(a.ddeServers(), (QVector<QString>{"mirc", "second"}));
