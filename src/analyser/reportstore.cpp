@@ -6,6 +6,7 @@
 #include <QStandardItemModel>
 #include <QTextBlock>
 #include <QTextDocument>
+#include <QTimer>
 
 namespace {
 
@@ -53,7 +54,12 @@ ReportStore::ReportStore(QStandardItemModel *debug, QStandardItemModel *messages
     }
 }
 
-ReportStore::~ReportStore() = default;
+ReportStore::~ReportStore()
+{
+    // Held rows never reached a model, so nothing else owns their cells.
+    for (const HeldRow &held : std::as_const(heldRows))
+        qDeleteAll(held.cells);
+}
 
 int ReportStore::idColumn(List list)
 {
@@ -128,6 +134,7 @@ void ReportStore::forgetRows(List list, int first, int last)
         QStandardItem *idItem = state.model->item(row, state.idColumn);
         if (!idItem)
             continue;
+        leaving.remove(idItem);
         const int id = idItem->data(Qt::EditRole).toInt();
         auto it = idItems.find(id);
         if (it != idItems.end() && it.value() == idItem) {
@@ -148,7 +155,34 @@ void ReportStore::forgetAll(List list)
             ++it;
         }
     }
+    for (auto it = leaving.begin(); it != leaving.end();) {
+        if ((*it)->model() == m)
+            it = leaving.erase(it);
+        else
+            ++it;
+    }
+    // Rows held for a list that is emptied would have gone with it.
+    dropHeldRows(list);
     lists[list].sorted = false;
+}
+
+void ReportStore::dropHeldRows(List list)
+{
+    const int idColumn = lists[list].idColumn;
+    for (HeldRow &held : heldRows) {
+        if (held.list != list || held.cells.isEmpty())
+            continue;
+        const QStandardItem *idItem = held.cells.at(idColumn);
+        heldIndex.remove(idItem);
+        const int id = idItem->data(Qt::EditRole).toInt();
+        auto it = idItems.find(id);
+        if (it != idItems.end() && it.value() == idItem) {
+            idItems.erase(it);
+            standing.erase(id);
+        }
+        qDeleteAll(held.cells);
+        held.cells.clear();
+    }
 }
 
 void ReportStore::rowsChangedOutside(List list)
@@ -230,11 +264,26 @@ int ReportStore::addReport(int lineNum, int linePos, const QString &fileName,
 {
     const int id = nextId();
     const List list = listFor(type);
-    ListState &state = lists[list];
-    QStandardItemModel *m = state.model;
     const QList<QStandardItem *> row =
         makeRow(list, lineNum, linePos, fileName, block, type, message, id);
+    QStandardItem *idItem = row.at(lists[list].idColumn);
 
+    if (holding) {
+        heldIndex.insert(idItem, int(heldRows.size()));
+        heldRows.append({list, row, sortColumn, order});
+    } else {
+        placeRow(list, row, sortColumn, order);
+    }
+    standing.insert(id);
+    idItems.insert(id, idItem);
+    return id;
+}
+
+void ReportStore::placeRow(List list, const QList<QStandardItem *> &row, int sortColumn,
+                           Qt::SortOrder order)
+{
+    ListState &state = lists[list];
+    QStandardItemModel *m = state.model;
     OwnChange guard(ownChange);
     const bool sortable = sortColumn >= 0 && sortColumn < m->columnCount();
     // A detached item compares by its display text, the model by its sort
@@ -258,14 +307,31 @@ int ReportStore::addReport(int lineNum, int linePos, const QString &fileName,
         state.sortColumn = sortColumn;
         state.sortOrder = order;
     }
-
-    standing.insert(id);
-    idItems.insert(id, row.at(state.idColumn));
-    return id;
 }
 
 void ReportStore::removeReports(const QVector<int> &ids)
 {
+    if (holding) {
+        for (int id : ids) {
+            const auto it = idItems.find(id);
+            if (it == idItems.end())
+                continue;
+            const QStandardItem *idItem = it.value();
+            idItems.erase(it);
+            standing.erase(id);
+            const auto held = heldIndex.find(idItem);
+            if (held == heldIndex.end()) {
+                leaving.insert(idItem);
+                continue;
+            }
+            // Filed and withdrawn while held: it never reaches a model.
+            QList<QStandardItem *> &cells = heldRows[held.value()].cells;
+            heldIndex.erase(held);
+            qDeleteAll(cells);
+            cells.clear();
+        }
+        return;
+    }
     OwnChange guard(ownChange);
     for (int id : ids) {
         const auto it = idItems.constFind(id);
@@ -279,6 +345,8 @@ void ReportStore::removeReports(const QVector<int> &ids)
 
 void ReportStore::moveIds(const QVector<int> &ids, int by)
 {
+    // Held rows would otherwise be placed by their new ids.
+    flushRows();
     QVector<QStandardItem *> items;
     items.reserve(ids.size());
     for (int id : ids) {
@@ -329,6 +397,7 @@ void ReportStore::removeRowsWhere(List list, const QString &fileName)
 
 void ReportStore::removeFile(const QString &fileName)
 {
+    flushRows();
     OwnChange guard(ownChange);
     removeRowsWhere(DebugList, fileName);
     removeRowsWhere(MessagesList, fileName);
@@ -355,6 +424,7 @@ QHash<int, int> ReportStore::lineNumbersById(const QTextDocument *document)
 
 void ReportStore::updateLines(const QString &fileName, const QTextDocument *document)
 {
+    flushRows();
     const QHash<int, int> lines = lineNumbersById(document);
     for (List list : {DebugList, MessagesList}) {
         ListState &state = lists[list];
@@ -408,12 +478,67 @@ QVector<int> ReportStore::ids() const
     return out;
 }
 
-int ReportStore::rowOf(int id, List *list) const
+int ReportStore::rowOf(int id, List *list)
 {
+    flushRows();
     const auto it = idItems.constFind(id);
     if (it == idItems.constEnd())
         return -1;
     if (list)
         *list = it.value()->model() == lists[MessagesList].model ? MessagesList : DebugList;
     return it.value()->row();
+}
+
+void ReportStore::holdRows()
+{
+    if (holding)
+        return;
+    holding = true;
+    // Whoever holds rows should flush them; if not, the event loop does
+    // before anyone looks.
+    QTimer::singleShot(0, this, &ReportStore::flushRows);
+}
+
+void ReportStore::flushRows()
+{
+    if (!holding)
+        return;
+    holding = false;
+    // Withdrawals first, then the new rows. In a stably sorted list the
+    // place of a row among the others does not depend on rows that leave,
+    // so this order ends where filing row by row would have.
+    if (!leaving.isEmpty()) {
+        removeLeavingRows(DebugList);
+        removeLeavingRows(MessagesList);
+        leaving.clear();
+    }
+    // New rows in the order they were filed, each as it would have gone in.
+    const QVector<HeldRow> held = std::exchange(heldRows, {});
+    heldIndex.clear();
+    for (const HeldRow &row : held) {
+        if (!row.cells.isEmpty())
+            placeRow(row.list, row.cells, row.sortColumn, row.order);
+    }
+}
+
+// One walk from the bottom up, a run of adjacent rows at a time, so that
+// no removal moves a row that is still to be found.
+void ReportStore::removeLeavingRows(List list)
+{
+    QStandardItemModel *m = lists[list].model;
+    const int idColumn = lists[list].idColumn;
+    const auto isLeaving = [&](int row) { return leaving.contains(m->item(row, idColumn)); };
+    OwnChange guard(ownChange);
+    int row = m->rowCount() - 1;
+    while (row >= 0) {
+        if (!isLeaving(row)) {
+            --row;
+            continue;
+        }
+        int first = row;
+        while (first > 0 && isLeaving(first - 1))
+            --first;
+        m->removeRows(first, row - first + 1);
+        row = first - 1;
+    }
 }

@@ -4,10 +4,12 @@
 #include <QHash>
 #include <QIcon>
 #include <QObject>
+#include <QSet>
 #include <QString>
 #include <QVector>
 
 #include <set>
+#include <utility>
 
 class QStandardItem;
 class QStandardItemModel;
@@ -88,8 +90,24 @@ public:
     int count() const { return int(standing.size()); }
     // Standing ids, ascending.
     QVector<int> ids() const;
-    // The list and row of a report, or -1 for an unknown id.
-    int rowOf(int id, List *list = nullptr) const;
+    // The list and row of a report, or -1 for an unknown id. Puts held
+    // rows in place first.
+    int rowOf(int id, List *list = nullptr);
+
+    // Holds rows back: from here until flushRows(), reports are filed and
+    // withdrawn in the store at once (ids, count(), nextId() stay exact),
+    // but their rows leave and enter the models only at flushRows(). The
+    // lists then hold exactly what filing row by row would have left.
+    // A pass over a long script withdraws rows from the top of the lists
+    // down; a QStandardItemModel finds a row's cells by searching from
+    // where each cell last stood, and every row taken out above moves the
+    // rest, so row by row that costs the square of the rows withdrawn.
+    // A held pass withdraws them in one walk from the bottom up instead.
+    // Rows are also put in place from the event loop, should no caller
+    // flush; the models are not to be changed from outside meanwhile.
+    void holdRows();
+    void flushRows();
+    bool holdingRows() const { return holding; }
 
 private:
     struct ListState
@@ -116,6 +134,19 @@ private:
     int insertionRow(const ListState &state, const QStandardItem *key, int column,
                      Qt::SortOrder order) const;
     void removeRowsWhere(List list, const QString &fileName);
+    void placeRow(List list, const QList<QStandardItem *> &row, int sortColumn,
+                  Qt::SortOrder order);
+    void dropHeldRows(List list);
+    void removeLeavingRows(List list);
+
+    // A report filed while rows are held, waiting for its place.
+    struct HeldRow
+    {
+        List list;
+        QList<QStandardItem *> cells; // empty once withdrawn again
+        int sortColumn;
+        Qt::SortOrder order;
+    };
 
     ListState lists[2];
     std::set<int> standing;
@@ -123,6 +154,13 @@ private:
     // Set while the store itself changes a model, so that its own edits
     // do not count as changes from outside.
     int ownChange = 0;
+
+    bool holding = false;
+    QVector<HeldRow> heldRows;
+    // Id cell of a held row -> its place in heldRows.
+    QHash<const QStandardItem *, int> heldIndex;
+    // Id cells of rows in the models that are withdrawn but not yet taken out.
+    QSet<const QStandardItem *> leaving;
 };
 
 #endif // REPORTSTORE_H

@@ -19,6 +19,7 @@
 #include <QMessageBox>
 #include <QSettings>
 #include <QTabWidget>
+#include <QTextDocument>
 #include <QTimer>
 
 namespace {
@@ -117,6 +118,10 @@ void MainWindow::connectDocument(MdiChildEditor *doc)
     connect(hl, &MslSyntaxHighlighter::updateError, this, &MainWindow::updateError,
             Qt::DirectConnection);
     connect(hl, &MslSyntaxHighlighter::removeError, this, &MainWindow::removeError);
+    // Every pass ends inside a change of the document, and the document
+    // announces the change done after the pass.
+    connect(doc->getEditor()->document(), &QTextDocument::contentsChanged, reportStore,
+            &ReportStore::flushRows);
     connect(doc, &MdiChildEditor::fclosing, this, &MainWindow::editorFclosed);
     connect(doc, &MdiChildEditor::closing, this, &MainWindow::editorClosed);
     connect(doc, &MdiChildEditor::blocksChanged, this, &MainWindow::editorErrUpdate);

@@ -112,6 +112,7 @@ private:
     MdiChildEditor *currentEditorDocument() const;
     // Report dock (mainwindow_reports.cpp).
     void jumpToReport(const QStandardItemModel *model, int row);
+    void holdRowsDuringPass();
     // Frame (mainwindow_frame.cpp).
     void builToolBar();
     void buildMenuBar();

@@ -4,6 +4,7 @@
 #include "mainwindow.h"
 
 #include "mdichild_editor.h"
+#include "msltextedit.h"
 #include "msltexteditor.h"
 #include "reportstore.h"
 
@@ -81,13 +82,28 @@ void MainWindow::updateError(int lineNum, int linePos, QString fname, QString bl
     // Every report keeps its list in the order the user chose on the view.
     const QHeaderView *header =
         ReportStore::listFor(type) == ReportStore::MessagesList ? msgs->header() : tree->header();
+    holdRowsDuringPass();
     errId = reportStore->addReport(lineNum, linePos, fname, block, type, err,
                                    header->sortIndicatorSection(), header->sortIndicatorOrder());
 }
 
 void MainWindow::removeError(QVector<int> &errIds)
 {
+    holdRowsDuringPass();
     reportStore->removeReports(errIds);
+}
+
+// A pass of an analyser withdraws and files reports line by line, and a
+// pass that runs down a long script would take rows out of the top of the
+// lists one by one. Its rows are held and put in place together when the
+// document says the change is done (connectDocument). A report filed by
+// a direct call goes in at once, behind whatever is still held.
+void MainWindow::holdRowsDuringPass()
+{
+    if (qobject_cast<MslSyntaxHighlighter *>(sender()))
+        reportStore->holdRows();
+    else
+        reportStore->flushRows();
 }
 
 void MainWindow::editorFclosed(QFileInfo fileName)

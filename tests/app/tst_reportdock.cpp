@@ -46,6 +46,22 @@ QVector<int> idsIn(const QStandardItemModel *m, int idColumn)
     return ids;
 }
 
+// Every cell and icon of `from` into the empty `to`, row by row.
+void copyRows(const QStandardItemModel &from, QStandardItemModel &to)
+{
+    for (int row = 0; row < from.rowCount(); ++row) {
+        to.insertRows(row, 1);
+        for (int column = 0; column < from.columnCount(); ++column) {
+            const QModelIndex source = from.index(row, column);
+            const QModelIndex target = to.index(row, column);
+            to.setData(target, from.data(source, Qt::EditRole), Qt::EditRole);
+            const QVariant icon = from.data(source, Qt::DecorationRole);
+            if (icon.isValid())
+                to.setData(target, icon, Qt::DecorationRole);
+        }
+    }
+}
+
 } // namespace
 
 class TestReportDock : public QObject
@@ -65,6 +81,8 @@ private slots:
     void randomAgreesWithPlainAlgorithm_data();
     void randomAgreesWithPlainAlgorithm();
     void editingWithdrawsAndRefiles();
+    void ripplingEditAgreesWithPlainAlgorithm_data();
+    void ripplingEditAgreesWithPlainAlgorithm();
     void deletingALineRemovesItsRows();
     void lineNumbersFollowInsertedLines();
     void lineShiftDoesNotSortAgain();
@@ -383,6 +401,101 @@ void TestReportDock::editingWithdrawsAndRefiles()
     whole.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
     whole.insertText(QStringLiteral("  echo fine"));
     QCOMPARE(a.debug()->rowCount(), 0);
+}
+
+void TestReportDock::ripplingEditAgreesWithPlainAlgorithm_data()
+{
+    QTest::addColumn<int>("column");
+    QTest::addColumn<Qt::SortOrder>("order");
+    QTest::addRow("unsorted view") << -1 << Qt::DescendingOrder;
+    QTest::addRow("line ascending") << 1 << Qt::AscendingOrder;
+    QTest::addRow("line descending") << 1 << Qt::DescendingOrder;
+    QTest::addRow("column descending") << 2 << Qt::DescendingOrder;
+    QTest::addRow("message ascending") << 5 << Qt::AscendingOrder;
+}
+
+// A key that changes whether a block is open makes the analyser go over
+// every later line, withdrawing and filing reports as it goes. However
+// the window gathers those rows, when the key has been handled the lists
+// hold what the plain algorithm makes of the same withdrawals and reports.
+void TestReportDock::ripplingEditAgreesWithPlainAlgorithm()
+{
+    QFETCH(int, column);
+    QFETCH(Qt::SortOrder, order);
+    QByteArray script = "alias big {\n";
+    for (int i = 0; i < 12; ++i) {
+        script += "  echo $calc(1 +\n  ; todo: n" + QByteArray::number(i)
+            + "\n  if (x) {\n    echo $calc(2 +\n  }\n";
+    }
+    script += "}\nalias after {\n  echo $calc(3 +\n}\n";
+    const QString file = writeFile(path(QStringLiteral("ripple%1%2.mrc").arg(column).arg(order)),
+                                   script);
+    MainWindow w;
+    MainWindowTestAccess a(&w);
+    if (column >= 0) {
+        a.debugView()->sortByColumn(column, order);
+        a.messagesView()->sortByColumn(std::min(column, 4), order);
+    }
+    a.openFile(file, false);
+    MdiChildEditor *doc = a.editors().at(0);
+    MslTextEditor *editor = doc->getEditor();
+    QTextDocument *text = editor->document();
+
+    PlainLists plain;
+    copyRows(*a.debug(), plain.debug);
+    copyRows(*a.messages(), plain.messages);
+    QVERIFY(plain.debug.rowCount() >= 24);
+    int withdrawn = 0;
+    int filed = 0;
+    int heldWhileFiling = 0;
+    // Connected after the window, so these see each report after it did.
+    MslSyntaxHighlighter *hl = doc->getHighlighter();
+    connect(hl, &MslSyntaxHighlighter::updateError, this,
+            [&](int line, int col, QString fname, QString block, QString, int type, QString err,
+                int &errId) {
+                const QHeaderView *h = (type > 9 ? a.messagesView() : a.debugView())->header();
+                const int expected = plain.add(line, col, fname, block, type, err,
+                                               h->sortIndicatorSection(), h->sortIndicatorOrder());
+                QCOMPARE(errId, expected);
+                ++filed;
+                heldWhileFiling += a.store()->holdingRows();
+            },
+            Qt::DirectConnection);
+    connect(hl, &MslSyntaxHighlighter::removeError, this, [&](QVector<int> &ids) {
+        plain.remove(ids);
+        withdrawn += ids.size();
+    });
+    connect(doc, &MdiChildEditor::blocksChanged, this,
+            [&](QFileInfo info, MdiChildEditor *) { plain.updateLines(info.absoluteFilePath(), *text); });
+
+    const auto agree = [&](const char *step) {
+        QVERIFY2(!a.store()->holdingRows(), step);
+        QVERIFY2(rowsOf(*a.debug()) == rowsOf(plain.debug), step);
+        QVERIFY2(rowsOf(*a.messages()) == rowsOf(plain.messages), step);
+    };
+    // "{x" no longer opens the big alias's block.
+    QTextCursor c(text->firstBlock());
+    c.movePosition(QTextCursor::EndOfBlock);
+    editor->setTextCursor(c);
+    QTest::keyClicks(editor, QStringLiteral("x"));
+    QVERIFY(withdrawn >= 24);
+    agree("typed");
+    text->undo();
+    agree("undone");
+    // A brace that closes the big alias early.
+    c = QTextCursor(text->findBlockByNumber(2));
+    c.movePosition(QTextCursor::EndOfBlock);
+    editor->setTextCursor(c);
+    QTest::keyClick(editor, Qt::Key_Return);
+    QTest::keyClicks(editor, QStringLiteral("}"));
+    agree("closed early");
+    // Lines joined and split move the rest of the script.
+    c = QTextCursor(text->findBlockByNumber(10));
+    c.movePosition(QTextCursor::NextBlock, QTextCursor::KeepAnchor, 3);
+    c.removeSelectedText();
+    agree("lines removed");
+    QVERIFY(filed >= 48);
+    QCOMPARE(heldWhileFiling, filed);
 }
 
 void TestReportDock::deletingALineRemovesItsRows()
