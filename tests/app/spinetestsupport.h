@@ -14,7 +14,7 @@
 #include "msltexteditor.h"
 #include "reportstore.h"
 
-#include "nestedloopdriver.h"
+#include "shelltestsupport.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -87,11 +87,6 @@ public:
 private:
     MainWindow *w;
 };
-
-inline void useSettingsFolder(const QString &folder)
-{
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder);
-}
 
 inline void initialiseAnalyser()
 {

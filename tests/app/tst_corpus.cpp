@@ -97,7 +97,7 @@ void TestCorpus::initTestCase()
     QVERIFY(files.isValid());
     QVERIFY(settings.isValid());
     QStandardPaths::setTestModeEnabled(true);
-    useSettingsFolder(settings.path());
+    redirectSettings(settings.path());
     initialiseAnalyser();
     generateCorpus();
 }

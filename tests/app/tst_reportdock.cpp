@@ -105,7 +105,7 @@ void TestReportDock::initTestCase()
     QVERIFY(files.isValid());
     QVERIFY(settings.isValid());
     QStandardPaths::setTestModeEnabled(true);
-    useSettingsFolder(settings.path());
+    redirectSettings(settings.path());
     initialiseAnalyser();
 }
 

@@ -50,7 +50,7 @@ void TestSpine::initTestCase()
     QVERIFY(files.isValid());
     QVERIFY(settings.isValid());
     QStandardPaths::setTestModeEnabled(true);
-    useSettingsFolder(settings.path());
+    redirectSettings(settings.path());
     initialiseAnalyser();
 }
 
