@@ -135,12 +135,19 @@ void ReportStore::forgetRows(List list, int first, int last)
         if (!idItem)
             continue;
         leaving.remove(idItem);
-        const int id = idItem->data(Qt::EditRole).toInt();
-        auto it = idItems.find(id);
-        if (it != idItems.end() && it.value() == idItem) {
-            idItems.erase(it);
-            standing.erase(id);
-        }
+        forgetIdItem(idItem);
+    }
+}
+
+// A withdrawn id may already be another row's again: only the row's own
+// entry goes.
+void ReportStore::forgetIdItem(const QStandardItem *idItem)
+{
+    const int id = idItem->data(Qt::EditRole).toInt();
+    auto it = idItems.find(id);
+    if (it != idItems.end() && it.value() == idItem) {
+        idItems.erase(it);
+        standing.erase(id);
     }
 }
 
@@ -174,12 +181,7 @@ void ReportStore::dropHeldRows(List list)
             continue;
         const QStandardItem *idItem = held.cells.at(idColumn);
         heldIndex.remove(idItem);
-        const int id = idItem->data(Qt::EditRole).toInt();
-        auto it = idItems.find(id);
-        if (it != idItems.end() && it.value() == idItem) {
-            idItems.erase(it);
-            standing.erase(id);
-        }
+        forgetIdItem(idItem);
         qDeleteAll(held.cells);
         held.cells.clear();
     }

@@ -123,6 +123,7 @@ private:
 
     void watch(List list);
     void forgetRows(List list, int first, int last);
+    void forgetIdItem(const QStandardItem *idItem);
     void forgetAll(List list);
     void rowsChangedOutside(List list);
     void dataChanged(List list, int firstColumn, int lastColumn);
