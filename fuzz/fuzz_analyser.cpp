@@ -3,43 +3,102 @@
 // the document, analysed in full, then random lines are edited and
 // re-analysed, as typing, pasting and undoing would.
 //
+// The reports go to two report stores: one files rows as they come, the
+// other holds the rows of each edit's pass and puts them in place after
+// it, as the report dock does. Their ids and lists must agree; a
+// difference aborts, so that the fuzzer keeps the input.
+//
 // The edits are drawn from a generator seeded with a hash of the input, so
 // a saved crash input replays exactly the same edits.
 
 #include "devsettings.h"
 #include "msltextedit.h"
+#include "reportstore.h"
 #include "scriptfile.h"
 
 #include <QBuffer>
 #include <QByteArray>
 #include <QGuiApplication>
+#include <QStandardItemModel>
 #include <QStringList>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
 
 #include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 
 namespace {
 
-// Hands out ids like the report dock, so that the analyser's out-argument
-// and withdrawal paths run as in the editor.
+[[noreturn]] void disagree(const char *what)
+{
+    std::fprintf(stderr, "report stores disagree: %s\n", what);
+    std::abort();
+}
+
+// Every cell of every row, as text.
+QStringList rowsOf(const QStandardItemModel &m)
+{
+    QStringList rows;
+    for (int row = 0; row < m.rowCount(); ++row) {
+        QStringList cells;
+        for (int column = 0; column < m.columnCount(); ++column)
+            cells << m.data(m.index(row, column), Qt::EditRole).toString();
+        rows << cells.join(QLatin1Char('|'));
+    }
+    return rows;
+}
+
+// One set of report lists, as the dock or tarnwick-lint keeps them.
+struct Lists
+{
+    QStandardItemModel debug{0, ReportStore::DebugColumns};
+    QStandardItemModel messages{0, ReportStore::MessagesColumns};
+    ReportStore store{&debug, &messages};
+};
+
+// Hands the analyser's reports to both stores, sorted on the column the
+// input chose, and answers with the ids the store gives.
 class Sink : public QObject
 {
 public:
-    explicit Sink(MslSyntaxHighlighter *hl)
+    Sink(MslSyntaxHighlighter *hl, int sortColumn, Qt::SortOrder order)
     {
         connect(hl, &MslSyntaxHighlighter::updateError, this,
-                [this](int, int, QString, QString, QString, int, QString, int &errId) {
-                    errId = ++next;
+                [=](int line, int col, QString file, QString block, QString, int type,
+                    QString message, int &errId) {
+                    held.store.holdRows();
+                    errId = direct.store.addReport(line, col, file, block, type, message,
+                                                   sortColumn, order);
+                    if (held.store.addReport(line, col, file, block, type, message, sortColumn,
+                                             order)
+                        != errId)
+                        disagree("ids");
                 },
                 Qt::DirectConnection);
         connect(hl, &MslSyntaxHighlighter::removeError, this,
-                [this](QVector<int> &ids) { withdrawn += ids.size(); }, Qt::DirectConnection);
+                [this](QVector<int> &ids) {
+                    held.store.holdRows();
+                    direct.store.removeReports(ids);
+                    held.store.removeReports(ids);
+                },
+                Qt::DirectConnection);
     }
-    int next = 0;
-    qint64 withdrawn = 0;
+
+    void checkAfterPass()
+    {
+        held.store.flushRows();
+        if (held.store.count() != direct.store.count())
+            disagree("count");
+        if (rowsOf(held.debug) != rowsOf(direct.debug))
+            disagree("Debug rows");
+        if (rowsOf(held.messages) != rowsOf(direct.messages))
+            disagree("Messages rows");
+    }
+
+    Lists direct;
+    Lists held;
 };
 
 // Small and deterministic; quality hardly matters here.
@@ -158,15 +217,22 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     QTextDocument doc;
     doc.setPlainText(text);
     auto *hl = new MslSyntaxHighlighter(&doc);
-    Sink sink(hl);
+    // Column -1 leaves the order alone; 0 descending is a fresh view's.
+    const int sortColumn = dice.below(7) - 1;
+    Sink sink(hl, sortColumn, dice.below(2) ? Qt::AscendingOrder : Qt::DescendingOrder);
     hl->setFn(ini ? QStringLiteral("/fuzz/input.ini") : QStringLiteral("/fuzz/input.mrc"));
     hl->rehighlight();
+    sink.checkAfterPass();
 
     // Every edit is analysed at once, through the document's own signal.
     const int edits = 1 + dice.below(8);
-    for (int i = 0; i < edits; ++i)
+    for (int i = 0; i < edits; ++i) {
         editOnce(doc, dice);
-    if (dice.below(2) == 0)
+        sink.checkAfterPass();
+    }
+    if (dice.below(2) == 0) {
         hl->rehighlight();
+        sink.checkAfterPass();
+    }
     return 0;
 }
