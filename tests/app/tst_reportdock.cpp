@@ -407,7 +407,7 @@ void TestReportDock::ripplingEditAgreesWithPlainAlgorithm_data()
 {
     QTest::addColumn<int>("column");
     QTest::addColumn<Qt::SortOrder>("order");
-    QTest::addRow("unsorted view") << -1 << Qt::DescendingOrder;
+    QTest::addRow("as a view starts: file, descending") << -1 << Qt::DescendingOrder;
     QTest::addRow("line ascending") << 1 << Qt::AscendingOrder;
     QTest::addRow("line descending") << 1 << Qt::DescendingOrder;
     QTest::addRow("column descending") << 2 << Qt::DescendingOrder;
@@ -489,7 +489,7 @@ void TestReportDock::ripplingEditAgreesWithPlainAlgorithm()
     QTest::keyClick(editor, Qt::Key_Return);
     QTest::keyClicks(editor, QStringLiteral("}"));
     agree("closed early");
-    // Lines joined and split move the rest of the script.
+    // Lines taken out move the rest of the script up.
     c = QTextCursor(text->findBlockByNumber(10));
     c.movePosition(QTextCursor::NextBlock, QTextCursor::KeepAnchor, 3);
     c.removeSelectedText();
