@@ -47,6 +47,7 @@ private slots:
     void script_data();
     void script();
     void groupRecords();
+    void headerEditedIntoCommentKeepsMatchText();
     void multiLineFlag();
     void eventBodies_data();
     void eventBodies();
@@ -293,6 +294,36 @@ void TestDriver::groupRecords()
     cur.insertText(QStringLiteral("; "));
     QVERIFY(!h.record(0)->isGroup);
     QCOMPARE(h.record(0)->groupState, 0);
+}
+
+void TestDriver::headerEditedIntoCommentKeepsMatchText()
+{
+    AnalyserHarness h;
+    h.setLines({"on *:text:hello:#:{", "echo a", "}", "alias -l y {", "}"});
+    QCOMPARE(h.record(0)->blockType, int(CBlockData::Event));
+    QCOMPARE(h.record(0)->matchtext, QStringLiteral("hello"));
+    QVERIFY(h.record(0)->isMultiLine);
+    QCOMPARE(h.record(3)->blockType, int(CBlockData::Alias));
+    QVERIFY(h.record(3)->isLocal);
+
+    // A new pass resets the record, except for the match text: consumers
+    // look at the block type first.
+    QTextCursor cur(h.document()->findBlockByNumber(0));
+    cur.insertText(QStringLiteral("; "));
+    CBlockData *rec = h.record(0);
+    QCOMPARE(rec->blockType, int(CBlockData::NoBlock));
+    QCOMPARE(rec->containedBlock, QString());
+    QCOMPARE(rec->blockPos, -1);
+    QVERIFY(!rec->isMultiLine);
+    QCOMPARE(rec->matchtext, QStringLiteral("hello"));
+
+    cur.setPosition(h.document()->findBlockByNumber(3).position());
+    cur.insertText(QStringLiteral("; "));
+    rec = h.record(3);
+    QCOMPARE(rec->blockType, int(CBlockData::NoBlock));
+    QVERIFY(!rec->isLocal);
+    QCOMPARE(rec->containedBlock, QString());
+    QCOMPARE(rec->blockPos, -1);
 }
 
 void TestDriver::multiLineFlag()
