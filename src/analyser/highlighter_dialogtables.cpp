@@ -115,7 +115,9 @@ int MslSyntaxHighlighter::parseDialogStatement(const QString &str)
         }
         return TableEnded;
     }
-    return parseDialogCommentOrRest(str, pos, token, raw.length());
+    // The comment and the rejected statement are measured by the lowered
+    // token, which may be longer than the text it came from.
+    return parseDialogCommentOrRest(str, pos, token, token.length());
 }
 
 int MslSyntaxHighlighter::parseDialogCommentOrRest(const QString &str, int pos,
