@@ -115,9 +115,7 @@ int MslSyntaxHighlighter::parseDialogStatement(const QString &str)
         }
         return TableEnded;
     }
-    // The comment and the rejected statement are measured by the lowered
-    // token, which may be longer than the text it came from.
-    return parseDialogCommentOrRest(str, pos, token, token.length());
+    return parseDialogCommentOrRest(str, pos, token, raw.length());
 }
 
 int MslSyntaxHighlighter::parseDialogCommentOrRest(const QString &str, int pos,

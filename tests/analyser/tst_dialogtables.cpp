@@ -240,14 +240,6 @@ void TestDialogTables::statement_data()
     QTest::newRow("keyword glued to its text")
         << "text\"a\",1" << 256 << QStringList{rep(9, 1, "Dialog", "Invalid dialog statement")}
         << "errFmt@0+9";
-    // U+0130 lowers to two characters: the painted start moves left by one
-    // for each, while the report stays behind the token as written.
-    QTest::newRow("statement longer when lowered")
-        << QString::fromUtf8("  \u0130\u0130 foo") << 256
-        << QStringList{rep(4, 1, "Dialog", "Invalid dialog statement")} << "errFmt@0+8";
-    QTest::newRow("comment longer when lowered")
-        << QString::fromUtf8("  ;\u0130 todo x") << 256 << QStringList()
-        << "commentFmt@1+10";
 }
 
 void TestDialogTables::statement()
