@@ -124,6 +124,12 @@ void TestCommands::commandLine_data()
            "cmdFmt@0+4 ctrlFmt@7+2");
     addRow("nested command picks up the bar", "echo a | echo b } | echo c", 0, {},
            "cmdFmt@0+4 cmdFmt@9+4 ctrlFmt@16+2 cmdFmt@20+4");
+    // Behind a closing bracket a bar counts only after white space: glued on
+    // its left it is one more stray character, and so is all that follows.
+    addRow("bar glued on its left behind a bracket", "echo x } a| echo b", 0,
+           {err(9, strayChars), err(10, strayChars), err(12, strayChars), err(13, strayChars),
+            err(14, strayChars), err(15, strayChars), err(17, strayChars)},
+           "cmdFmt@0+4 ctrlFmt@7+2 errFmt@9+2 errFmt@12+4 errFmt@17+1");
 
     // Separators.
     addRow("two commands", "echo a | echo b", 1, {}, "cmdFmt@0+4 cmdFmt@9+4");
@@ -203,6 +209,10 @@ void TestCommands::varCommand_data()
     addRow("bar behind the closing bracket", "var %x } | echo b", 0, {},
            "cmdFmt@0+3 varFmt@4+2 ctrlFmt@7+1 cmdFmt@11+4");
     addRow("glued closing bracket", "var %x }y", 1, {}, "cmdFmt@0+3 varFmt@4+2");
+    // var's trailing scan stops at any bar with white space behind it, but
+    // the argument loop then steps past the bar: what follows is not a command.
+    addRow("bar glued on its left behind a bracket in var", "var %x } a| echo b", 0,
+           {err(9, strayChars)}, "cmdFmt@0+3 varFmt@4+2 ctrlFmt@7+1 errFmt@9+1");
 }
 
 void TestCommands::varCommand()

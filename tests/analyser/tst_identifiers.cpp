@@ -156,6 +156,11 @@ void TestIdentifiers::expressions_data()
     QTest::newRow("empty property before a blank")
         << "echo $len(b). x" << QStringList{identReport(12, 1, "$len", emptyProp)}
         << "cmdFmt@0+4 identFmt@5+5 identFmt@11+1 infFmt@12+1";
+    // In an argument the scan backs off the comma, so the note lands one
+    // before the dot, on the parenthesis.
+    QTest::newRow("empty property in an argument")
+        << "echo $a($b(c).,d)" << QStringList{identReport(12, 1, "$b", emptyProp)}
+        << "cmdFmt@0+4 identFmt@5+6 identFmt@12+1 infFmt@13+1 identFmt@16+1";
     QTest::newRow("wrong count hides the empty property")
         << "echo $len(a,b)." << QStringList{identReport(5, 3, "$len", tooMany)}
         << "cmdFmt@0+4 errFmt@5+10";
@@ -168,6 +173,9 @@ void TestIdentifiers::expressions_data()
         << "cmdFmt@0+4 identFmt@5+3 identFmt@9+1 errFmt@10+3";
     QTest::newRow("blank after the parenthesis") << "echo $a(b) x" << QStringList()
                                                  << "cmdFmt@0+4 identFmt@5+3 identFmt@9+1";
+    // Only a blank ends what follows the parenthesis; a tab is part of it.
+    QTest::newRow("tab after the parenthesis") << "echo $a(b)\tx" << QStringList{illegal(10, "$a")}
+                                               << "cmdFmt@0+4 identFmt@5+3 identFmt@9+1 errFmt@10+2";
     QTest::newRow("illegal characters in an argument")
         << "echo $b($a(2)*3)" << QStringList{illegal(13, "$a")}
         << "cmdFmt@0+4 identFmt@5+6 identFmt@12+1 errFmt@13+2 identFmt@15+1";
