@@ -115,6 +115,8 @@ int MslSyntaxHighlighter::parseDialogStatement(const QString &str)
         }
         return TableEnded;
     }
+    // Measured by the text as written: a lowered token can be longer
+    // (U+0130 lowers to two characters), and would reach before the line.
     return parseDialogCommentOrRest(str, pos, token, raw.length());
 }
 

@@ -240,6 +240,13 @@ void TestDialogTables::statement_data()
     QTest::newRow("keyword glued to its text")
         << "text\"a\",1" << 256 << QStringList{rep(9, 1, "Dialog", "Invalid dialog statement")}
         << "errFmt@0+9";
+    // U+0130 lowers to two characters; the line is still measured as written.
+    QTest::newRow("statement longer when lowered")
+        << QString::fromUtf8("\u0130\u0130\u0130 foo") << 256
+        << QStringList{rep(3, 1, "Dialog", "Invalid dialog statement")} << "errFmt@0+7";
+    QTest::newRow("comment longer when lowered")
+        << QString::fromUtf8(";\u0130\u0130\u0130\u0130 todo x") << 256 << QStringList()
+        << "commentFmt@0+12";
 }
 
 void TestDialogTables::statement()
