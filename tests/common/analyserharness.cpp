@@ -3,6 +3,7 @@
 #include "devsettings.h"
 
 #include <QPlainTextDocumentLayout>
+#include <QSet>
 #include <QTextBlock>
 #include <algorithm>
 
@@ -172,20 +173,16 @@ void AnalyserHarness::onUpdateError(int lineNum, int linePos, QString fname, QSt
     r.block = block;
     r.type = type;
     r.message = err;
+    // The new id is above every standing one, so the list stays in id order.
     standing.append(r);
-    std::stable_sort(standing.begin(), standing.end(),
-                     [](const HarnessReport &a, const HarnessReport &b) { return a.id < b.id; });
 }
 
 void AnalyserHarness::onRemoveError(QVector<int> &errIds)
 {
-    for (int id : errIds) {
-        for (int i = 0; i < standing.size(); ++i) {
-            if (standing[i].id == id) {
-                standing.removeAt(i);
-                ++withdrawn;
-                break;
-            }
-        }
-    }
+    // One sweep per withdrawal: a line can withdraw thousands of reports.
+    const QSet<int> ids(errIds.cbegin(), errIds.cend());
+    const auto gone = std::remove_if(standing.begin(), standing.end(),
+                                     [&](const HarnessReport &r) { return ids.contains(r.id); });
+    withdrawn += int(standing.end() - gone);
+    standing.erase(gone, standing.end());
 }
