@@ -5,11 +5,12 @@
 // pasted line can therefore ask for more stack or time than any machine
 // has, and the analysis runs on the GUI thread at every keystroke. Each line
 // gets a budget of steps (painted characters, parser entries, scanned
-// characters, reports) and of nesting depth, both far above what a real
-// script needs. A line that exceeds either stops the way a never-terminated
-// inlined comment stops it: every parser returns at its next step. The rest
-// of the line is then painted as an error and one warning says so. The
-// block state is still written, so the lines below are analysed as usual.
+// characters, reports), of reports and of nesting depth, all far above
+// what a real script needs. A line that exceeds one stops the way a
+// never-terminated inlined comment stops it: every parser returns at its
+// next step. The rest of the line is then painted as an error and one
+// warning says so. The block state is still written, so the lines below
+// are analysed as usual.
 
 #include "msltextedit.h"
 
@@ -20,13 +21,20 @@ namespace {
 // A file can hold any number of absurd lines, so what one line may spend
 // must stay in proportion to its length, or a few hundred kilobytes of
 // short exploding lines freeze the editor for minutes. The fixed part is
-// ten times what the busiest line of the test suite uses beyond its
-// per-character share; a report costs a few hundred steps, so a line can
-// still file dozens but cannot flood the dock.
+// room for short lines beyond their per-character share; no line of the
+// tests or of a realistic script needs any of it.
 constexpr qint64 BaseSteps = 16384;
 constexpr qint64 StepsPerCharacter = 64;
-constexpr qint64 ReportSteps = 256;
 constexpr int MaxNesting = 200;
+
+// Reports are counted apart from steps. Text behind a closing bracket is
+// reported character by character, so a one-line if/elseif/else chain
+// files a report for most of its characters: a line may file one per
+// character and a few dozen more. Doubled passes behind leading bars file
+// the same reports again and again; they stop there, and no line, however
+// long, files more than the dock can show.
+constexpr qint64 BaseReports = 64;
+constexpr qint64 MaxReports = 4096;
 
 } // namespace
 
@@ -53,6 +61,7 @@ bool MslSyntaxHighlighter::NestingGuard::stopped() const
 void MslSyntaxHighlighter::startBudget(const QString &str)
 {
     budgetLeft = BaseSteps + StepsPerCharacter * qint64(str.size());
+    reportsLeft = qMin(BaseReports + qint64(str.size()), MaxReports);
     budgetDepth = 0;
     budgetStopPos = -1;
     budgetStopped = false;
@@ -61,8 +70,11 @@ void MslSyntaxHighlighter::startBudget(const QString &str)
 
 bool MslSyntaxHighlighter::reportAllowed(int pos)
 {
-    // A report costs far more than a step, so a line cannot flood the dock.
-    return budgetReporting || !spend(ReportSteps, pos);
+    if (budgetReporting)
+        return true;
+    if (--reportsLeft < 0)
+        stopAnalysis(pos);
+    return !spend(1, pos);
 }
 
 void MslSyntaxHighlighter::stopAnalysis(int pos)

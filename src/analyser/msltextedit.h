@@ -171,6 +171,7 @@ private:
     void stopAnalysis(int pos);
     void finishBudget(const QString &str);
     qint64 budgetLeft = 0;
+    qint64 reportsLeft = 0;
     int budgetDepth = 0;
     int budgetStopPos = -1;
     bool budgetStopped = false;

@@ -67,10 +67,57 @@ private slots:
         AnalyserHarness h;
         h.setLines({QStringLiteral("alias x {"), line, QStringLiteral("}")});
         QCOMPARE(budgetReports(h, 2), 1);
-        // Reports of the doubled passes are capped by the budget too: a
-        // few dozen, not the thousand a fixed allowance of a million steps
-        // once let through.
-        QVERIFY2(h.reports().size() < 100, qPrintable(QString::number(h.reports().size())));
+        // Reports of the doubled passes are capped too: one per character
+        // and a few dozen more, then the one that says the line stopped.
+        QCOMPARE(h.reports().size(), 64 + line.size() + 1);
+    }
+
+    void strayTextIsReportedInFull_data()
+    {
+        QTest::addColumn<QString>("line");
+        // Every character behind a closing bracket is reported, so these
+        // file a report for most of their characters and must not stop.
+        QString words = QStringLiteral("  echo a }");
+        for (int i = 0; i < 400; ++i)
+            words += QStringLiteral(" x");
+        QTest::newRow("400 stray words") << words;
+        QTest::newRow("one-line if elseif else")
+            << QStringLiteral("  if ($1 == hi) { msg $chan hi there, how are you today? }"
+                              " elseif ($1 == bye) { msg $chan goodbye and have a nice day,"
+                              " see you tomorrow at the usual place } else { msg $chan what"
+                              " do you mean by that, I do not understand you at all, sorry }");
+    }
+
+    void strayTextIsReportedInFull()
+    {
+        QFETCH(QString, line);
+        // Behind the first bracket every character is stray except blanks
+        // and the brackets that follow a blank.
+        int expected = 0;
+        for (int i = line.indexOf(QLatin1Char('}')) + 1; i < line.size(); ++i)
+            expected += line[i] != QLatin1Char(' ') && line[i] != QLatin1Char('}');
+        QVERIFY(expected > 100);
+        AnalyserHarness h;
+        h.setLines({QStringLiteral("alias x {"), line, QStringLiteral("}")});
+        QCOMPARE(budgetReports(h, 2), 0);
+        int stray = 0;
+        for (const HarnessReport &r : h.reportsOn(2))
+            stray += r.message == QLatin1String("Unexpected characters after closing bracket");
+        QCOMPARE(stray, expected);
+    }
+
+    void strayTextCannotFloodTheDock()
+    {
+        // A generated line of a hundred thousand stray words files a few
+        // thousand reports, not a row for each.
+        QString line = QStringLiteral("  echo a }");
+        for (int i = 0; i < 100000; ++i)
+            line += QStringLiteral(" x");
+        AnalyserHarness h;
+        h.setLines({QStringLiteral("alias x {"), line, QStringLiteral("alias y { echo b }")});
+        QCOMPARE(budgetReports(h, 2), 1);
+        QCOMPARE(h.reports().size(), 4096 + 1);
+        QCOMPARE(h.record(2)->containedBlock, QStringLiteral("y"));
     }
 
     void manyExplodingLinesStayInProportion()
