@@ -132,8 +132,10 @@ void MdiChildEditor::updateCursorStatus()
                            .arg(cursor.blockNumber() + 1)
                            .arg(cursor.positionInBlock() + 1));
 
-    // Characters, not bytes on disk, although the unit reads B.
-    double size = editor->document()->toPlainText().size();
+    // Characters, not bytes on disk, although the unit reads B. The plain
+    // text is the document's characters without its final block end, so
+    // it is counted without copying a large script on every cursor move.
+    double size = editor->document()->characterCount() - 1;
     QString text;
     if (size < 1024) {
         text = QString::number(size, 'g', 6) + QStringLiteral(" B");

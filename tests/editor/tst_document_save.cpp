@@ -91,6 +91,8 @@ private slots:
     void blocksChanged();
     void statusSize_data();
     void statusSize();
+    void statusSizeCountsPlainText_data();
+    void statusSizeCountsPlainText();
     void statusCursor();
     void toolbar();
     void syntaxTimerIsInert();
@@ -710,6 +712,52 @@ void TestDocumentSave::statusSize()
     a.editor()->moveCursor(QTextCursor::End);
     a.editor()->moveCursor(QTextCursor::Start);
     QCOMPARE(a.docStatus()->text(), status);
+}
+
+void TestDocumentSave::statusSizeCountsPlainText_data()
+{
+    QTest::addColumn<QString>("text");
+
+    QTest::newRow("empty") << QString();
+    QTest::newRow("line feeds") << QStringLiteral("a\n\nb\n");
+    QTest::newRow("carriage returns") << QStringLiteral("a\r\nb\rc");
+    QTest::newRow("line separator") << QStringLiteral("a\u2028b");
+    QTest::newRow("paragraph separator") << QStringLiteral("a\u2029b");
+    QTest::newRow("no-break space and tab") << QStringLiteral("\u00a0x\ty");
+    QTest::newRow("frame marks") << QStringLiteral("a\ufdd0b\ufdd1c");
+    QTest::newRow("surrogate pair") << QStringLiteral("on text:*:#: { echo \U0001F600 }");
+}
+
+// The size shown is that of the document's plain text, whatever the text
+// holds and however it got there.
+void TestDocumentSave::statusSizeCountsPlainText()
+{
+    QFETCH(QString, text);
+
+    MdiChildEditor *d = makeDocument();
+    MdiChildEditorTestAccess a(d);
+    const auto shown = [&] {
+        return QStringLiteral("  Size: %1 B").arg(a.editor()->document()->toPlainText().size());
+    };
+
+    a.editor()->setPlainText(text);
+    a.editor()->moveCursor(QTextCursor::End);
+    QCOMPARE(a.docStatus()->text(), shown());
+    const qsizetype loaded = a.editor()->document()->toPlainText().size();
+
+    QTest::keyClicks(a.editor(), QStringLiteral("xy"));
+    QTest::keyClick(a.editor(), Qt::Key_Return);
+    QCOMPARE(a.docStatus()->text(), shown());
+    QVERIFY(a.editor()->document()->toPlainText().size() >= loaded + 3);
+
+    a.editor()->moveCursor(QTextCursor::Start);
+    QTest::keyClick(a.editor(), Qt::Key_Delete);
+    a.editor()->moveCursor(QTextCursor::End);
+    QCOMPARE(a.docStatus()->text(), shown());
+
+    a.editor()->document()->undo();
+    a.editor()->moveCursor(QTextCursor::End);
+    QCOMPARE(a.docStatus()->text(), shown());
 }
 
 void TestDocumentSave::statusCursor()
