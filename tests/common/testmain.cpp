@@ -1,0 +1,58 @@
+#include "testsuite.h"
+
+#include <QApplication>
+#include <QByteArray>
+#include <QTest>
+#include <QVector>
+#include <cstdio>
+#include <memory>
+
+namespace {
+
+struct Entry
+{
+    const char *name;
+    TestSuite::Factory make;
+};
+
+QVector<Entry> &registry()
+{
+    static QVector<Entry> entries;
+    return entries;
+}
+
+} // namespace
+
+bool TestSuite::add(const char *name, Factory make)
+{
+    registry().append({name, make});
+    return true;
+}
+
+int main(int argc, char **argv)
+{
+    QApplication app(argc, argv);
+    app.setAttribute(Qt::AA_Use96Dpi, true);
+
+    // With a class name first, run that class alone and hand the rest of the
+    // arguments to QtTest (a function name, -v2, ...).
+    const QByteArray only = argc > 1 && argv[1][0] != '-' ? QByteArray(argv[1]) : QByteArray();
+    QVector<char *> rest{argv[0]};
+    for (int i = only.isEmpty() ? 1 : 2; i < argc; ++i)
+        rest << argv[i];
+
+    int failed = 0;
+    bool found = only.isEmpty();
+    for (const Entry &entry : registry()) {
+        if (!only.isEmpty() && only != entry.name)
+            continue;
+        found = true;
+        std::unique_ptr<QObject> test(entry.make());
+        failed += QTest::qExec(test.get(), rest.size(), rest.data());
+    }
+    if (!found) {
+        std::fprintf(stderr, "no test class named %s\n", only.constData());
+        return 2;
+    }
+    return failed == 0 ? 0 : 1;
+}
