@@ -9,7 +9,7 @@ PKG_BUILD_DIR ?= build-pkg
 PREFIX ?= /usr/local
 JOBS ?= $(shell nproc 2>/dev/null || echo 2)
 
-.PHONY: all bootstrap configure build programs run test test-asan bench fuzz mutants install package screenshots clean
+.PHONY: all bootstrap configure build programs run test test-asan bench fuzz mutants test-share install package screenshots clean
 
 all: build
 
@@ -49,6 +49,10 @@ fuzz:
 	@CXX=clang++ CC=clang cmake -S . -B $(FUZZ_BUILD_DIR) -DCMAKE_BUILD_TYPE=RelWithDebInfo \
 	  -DTARNWICK_BUILD_FUZZ=ON -DTARNWICK_BUILD_TESTS=OFF >/dev/null
 	@cmake --build $(FUZZ_BUILD_DIR) -j $(JOBS) --target fuzz_analyser
+
+# The share of test code in the project's code (the aim: 25 to 33 %).
+test-share:
+	@bash scripts/test-share
 
 # Seeded faults against the whole suite in build-mutants/ (MUTANTS=M03,M07 for a few).
 mutants: bootstrap
