@@ -1,22 +1,16 @@
-// The builder window: toolbar, toolbox, property box, status bar, the grid
-// size limits and the live text property.
+// The builder window around the surface: toolbox drags, the property box
+// that sets texts, and the toolbar's grid, snap and selection actions.
+#include "buildersupport.h"
 #include "mdichild_dialog.h"
 #include "mdichild_dialog_dummy.h"
+#include "testsuite.h"
 
 #include <QAction>
 #include <QDockWidget>
-#include <QDropEvent>
-#include <QGridLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMdiArea>
-#include <QMdiSubWindow>
-#include <QMimeData>
-#include <QMouseEvent>
 #include <QPushButton>
-#include <QStatusBar>
-#include <QTableWidget>
+#include <QScrollBar>
 #include <QTest>
 #include <QToolBar>
 
@@ -27,336 +21,140 @@ class TestBuilder : public QObject
 private:
     static QWidget *drop(MdiChildBuilder &b, const QString &kind, const QPoint &pos)
     {
-        MdiChildDialogDummy *s = b.dummyWindow;
-        QMimeData m;
-        m.setData(QStringLiteral("gui/") + kind, QByteArray());
-        QDragEnterEvent enter(pos, Qt::CopyAction, &m, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(s, &enter);
-        QDragMoveEvent move(pos, Qt::CopyAction, &m, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(s, &move);
-        QDropEvent dropEvent(QPointF(pos), Qt::CopyAction, &m, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(s, &dropEvent);
-        return s->components.isEmpty() ? nullptr : s->components.last()->object;
+        replayDrag(b.dummyWindow, QStringLiteral("gui/") + kind, QByteArray(), pos);
+        return b.dummyWindow->components.isEmpty() ? nullptr : b.dummyWindow->components.last()->object;
     }
 
-    static QAction *action(MdiChildBuilder &b, const QString &text)
+    static QAction *action(MdiChildBuilder &b, const char *text)
     {
-        auto *bar = b.findChild<QToolBar *>();
-        for (QAction *a : bar->actions())
-            if (a->text() == text)
+        for (QAction *a : b.findChild<QToolBar *>()->actions())
+            if (a->text() == QLatin1String(text))
                 return a;
         return nullptr;
     }
 
 private slots:
-    void frame()
+    // Each toolbox button offers a kind that lands as a new control like its
+    // prototype, snapped and selected; the tab page has nowhere to go yet.
+    void toolboxToSurface()
     {
         MdiChildBuilder b;
-        QVERIFY(!b.parent());
-        QCOMPARE(b.centralWidget(), b.dummyWindowContainer);
-        QCOMPARE(b.dummyWindowContainer->background().color(), QColor(140, 181, 255, 255));
-        QCOMPARE(b.dummyWindowContainer->viewMode(), QMdiArea::SubWindowView);
-        QCOMPARE(b.dummyWindowContainer->subWindowList().size(), 1);
-        QCOMPARE(b.dummyWindowContainer->subWindowList().first()->widget(),
-                 static_cast<QWidget *>(b.dummyWindow));
-        QCOMPARE(b.label->text(), QStringLiteral("Object: Dialog Object"));
-        QCOMPARE(b.textValue->text(), QStringLiteral("Input Request"));
-        QCOMPARE(b.activeObj, static_cast<QWidget *>(b.dummyWindow));
-        QCOMPARE(b.activeObjType, QStringLiteral("window"));
-    }
-
-    void toolbar_data()
-    {
-        QTest::addColumn<int>("index");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("shortcut");
-        QTest::addColumn<QString>("tip");
-        QTest::addColumn<bool>("checkable");
-        QTest::newRow("align") << 0 << "Align To Grid" << "Ctrl+L"
-                               << "Toggle to turn on or off auto-align." << true;
-        QTest::newRow("grid") << 1 << "Show Grid" << "Ctrl+G"
-                              << "Toggle to show or hide the snap-in grid." << true;
-        QTest::newRow("plus") << 2 << "Increase Grid Size" << "Ctrl+="
-                              << "Increase the grid size." << false;
-        QTest::newRow("minus") << 3 << "Decrease Grid Size" << "Ctrl+-"
-                               << "Decrease the grid size." << false;
-        QTest::newRow("select") << 4 << "Object Selection" << ""
-                                << "Disable object selection." << true;
-        QTest::newRow("generate") << 5 << "Generate Code" << "F5"
-                                  << "Generate mSL code for this dialog." << false;
-    }
-
-    void toolbar()
-    {
-        QFETCH(int, index);
-        QFETCH(QString, text);
-        QFETCH(QString, shortcut);
-        QFETCH(QString, tip);
-        QFETCH(bool, checkable);
-
-        MdiChildBuilder b;
-        auto *bar = b.findChild<QToolBar *>();
-        QVERIFY(bar);
-        QCOMPARE(bar->windowTitle(), QStringLiteral("Object Toolbar"));
-        QCOMPARE(bar->iconSize(), QSize(16, 16));
-        QCOMPARE(bar->actions().size(), 6);
-        QAction *a = bar->actions().at(index);
-        QCOMPARE(a->text(), text);
-        QCOMPARE(a->shortcut(), QKeySequence(shortcut));
-        QCOMPARE(a->statusTip(), tip);
-        QCOMPARE(a->isCheckable(), checkable);
-        QCOMPARE(a->isChecked(), checkable);
-        QVERIFY(!a->isSeparator());
-    }
-
-    void toolbox()
-    {
-        static const char *const formats[] = {
-            "gui/button", "gui/edit", "gui/pass", "gui/rich", "gui/text", "gui/link",
-            "gui/combo", "gui/list", "gui/checkList", "gui/check", "gui/radioList",
-            "gui/radio", "gui/icon", "gui/box", "gui/tab", "gui/tabPage",
-            "gui/vscroll", "gui/hscroll",
-        };
-        static const char *const tips[] = {
-            "Button", "Edit Box", "Password Edit Box", "Rich Edit Box", "Label",
-            "Hyperlink Label", "Combo Box", "List Box", "Check List Box", "Check Box",
-            "Radio List Box", "Radio Button", "Image Icon", "Group Box", "Tab Control",
-            "Tab Page", "Vertical Scroll Bar", "Horizontal Scroll Bar",
-        };
-        MdiChildBuilder b;
-        QDockWidget *dock = b.toolBoxContainer;
-        QCOMPARE(dock->windowTitle(), QStringLiteral("  ToolBox"));
-        QCOMPARE(dock->maximumHeight(), 280);
-        QCOMPARE(dock->features(), QDockWidget::DockWidgetMovable);
-        QCOMPARE(b.dockWidgetArea(dock), Qt::LeftDockWidgetArea);
-        auto *grid = qobject_cast<QGridLayout *>(dock->widget()->layout());
-        QVERIFY(grid);
-        QCOMPARE(grid->spacing(), 0);
-        QCOMPARE(grid->count(), 18);
-        for (int i = 0; i < 18; ++i) {
-            auto *button = qobject_cast<TQPushButton *>(
-                grid->itemAtPosition(i / 2, i % 2)->widget());
-            QVERIFY(button);
-            QCOMPARE(button->type, QLatin1String(formats[i]));
-            QCOMPARE(button->toolTip(), QLatin1String(tips[i]));
-            QVERIFY(button->isFlat());
-            QCOMPARE(button->cursor().shape(), Qt::OpenHandCursor);
+        MdiChildDialogDummy *s = b.dummyWindow;
+        const QList<TQPushButton *> buttons = b.toolBoxContainer->findChildren<TQPushButton *>();
+        QCOMPARE(buttons.size(), 18);
+        for (TQPushButton *button : buttons) {
+            const int before = s->components.size();
+            const bool taken = replayDrag(s, button->type, QByteArray(), QPoint(13, 45));
+            const QString kind = button->type.mid(4);
+            if (kind == QLatin1String("tabPage")) {
+                QVERIFY(!taken && s->components.size() == before);
+                continue;
+            }
+            QVERIFY2(taken && s->components.size() == before + 1, qPrintable(kind));
+            QWidget *control = s->components.last()->object;
+            QWidget *prototype = s->draggableObject;
+            QCOMPARE(s->components.last()->type, kind);
+            QCOMPARE(control->metaObject(), prototype->metaObject());
+            QCOMPARE(control->geometry(), QRect(QPoint(8, 40), prototype->size()));
+            QVERIFY(!control->isHidden() && control->parentWidget() == s && s->focusedObject == control);
+            QCOMPARE(b.activeObj, control);
+            QCOMPARE(b.activeObjType, kind);
+            if (auto *edit = qobject_cast<QLineEdit *>(control))
+                QCOMPARE(edit->echoMode(), qobject_cast<QLineEdit *>(prototype)->echoMode());
+            if (auto *bar = qobject_cast<QScrollBar *>(control))
+                QCOMPARE(bar->orientation(), qobject_cast<QScrollBar *>(prototype)->orientation());
         }
+        // The prototypes themselves, by a few kinds.
+        QCOMPARE(qobject_cast<QLineEdit *>(s->prototypeFor(QStringLiteral("pass")))->echoMode(), QLineEdit::Password);
+        QCOMPARE(qobject_cast<QScrollBar *>(s->prototypeFor(QStringLiteral("vscroll")))->orientation(), Qt::Vertical);
+        // A right press on a toolbox button neither drags nor presses it.
+        press(buttons.first(), QPoint(3, 3), Qt::RightButton);
+        QVERIFY(!buttons.first()->isDown());
     }
 
-    void toolboxButtonRightPressDoesNothing()
-    {
-        TQPushButton button(QStringLiteral("gui/edit"), QStringLiteral("E"));
-        QMouseEvent press(QEvent::MouseButtonPress, QPointF(3, 3), QPointF(3, 3),
-                          Qt::RightButton, Qt::RightButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&button, &press);
-        QVERIFY(!button.isDown());
-        QCOMPARE(button.text(), QStringLiteral("E"));
-    }
-
-    void propertyBox()
-    {
-        MdiChildBuilder b;
-        QCOMPARE(b.propBoxContainer->windowTitle(), QStringLiteral("Properties"));
-        QCOMPARE(b.dockWidgetArea(b.propBoxContainer), Qt::RightDockWidgetArea);
-        QCOMPARE(b.table->rowCount(), 20);
-        QCOMPARE(b.table->columnCount(), 2);
-        QVERIFY(b.table->verticalHeader()->isHidden());
-        QCOMPARE(b.table->verticalHeader()->defaultSectionSize(), 15);
-        QCOMPARE(b.table->horizontalHeaderItem(0)->text(), QStringLiteral("Property"));
-        QCOMPARE(b.table->horizontalHeaderItem(1)->text(), QStringLiteral("Value"));
-        auto *name = qobject_cast<QLabel *>(b.table->cellWidget(0, 0));
-        QVERIFY(name);
-        QCOMPARE(name->text(), QStringLiteral("Text"));
-        QCOMPARE(b.table->cellWidget(0, 1), static_cast<QWidget *>(b.textValue));
-        for (int row = 1; row < 20; ++row)
-            QVERIFY(!b.table->cellWidget(row, 1));
-    }
-
-    void statusBar()
-    {
-        MdiChildBuilder b;
-        QCOMPARE(b.mosPos->text(), QStringLiteral("  0, 0"));
-        QCOMPARE(b.dummyWindow->curPos, b.mosPos);
-        QVERIFY(b.dummyWindow->winSize);
-        QVERIFY(b.dummyWindow->winSize != b.mosPos);
-        QCOMPARE(b.dummyWindow->winSize->text(), QStringLiteral("  0, 0"));
-
-        QMouseEvent move(QEvent::MouseMove, QPointF(17, 23), QPointF(17, 23), Qt::NoButton,
-                         Qt::NoButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(b.dummyWindow, &move);
-        QCOMPARE(b.mosPos->text(), QStringLiteral("  17, 23"));
-    }
-
-    void selection_data()
-    {
-        QTest::addColumn<QString>("kind");
-        QTest::addColumn<QString>("label");
-        QTest::addColumn<bool>("live");
-        QTest::newRow("button") << "button" << "Object: Button Object" << true;
-        QTest::newRow("edit") << "edit" << "Object: Edit Object" << true;
-        QTest::newRow("combo keeps the window") << "combo" << "Object: Dialog Object" << false;
-        QTest::newRow("check keeps the window") << "check" << "Object: Dialog Object" << false;
-    }
-
-    void selection()
-    {
-        QFETCH(QString, kind);
-        QFETCH(QString, label);
-        QFETCH(bool, live);
-
-        MdiChildBuilder b;
-        QWidget *control = drop(b, kind, QPoint(40, 40));
-        QVERIFY(control);
-        QCOMPARE(b.activeObj, control);
-        QCOMPARE(b.activeObjType, kind);
-        QCOMPARE(b.label->text(), label);
-
-        QTest::keyClicks(b.textValue, QStringLiteral("Ok"));
-        if (live) {
-            QCOMPARE(b.textValue->text(), QStringLiteral("Ok"));
-            const QString shown = kind == QLatin1String("edit")
-                ? qobject_cast<QLineEdit *>(control)->text()
-                : qobject_cast<QAbstractButton *>(control)->text();
-            QCOMPARE(shown, QStringLiteral("Ok"));
-            QCOMPARE(b.dummyWindow->windowTitle(), QStringLiteral("Input Request"));
-        } else {
-            // The box still shows the surface, but typing reaches nobody.
-            QCOMPARE(b.textValue->text(), QStringLiteral("Input RequestOk"));
-            QCOMPARE(b.dummyWindow->windowTitle(), QStringLiteral("Input Request"));
-        }
-    }
-
-    void comboAfterButtonKeepsButtonBox()
+    void selectionMovesThePropertyBox()
     {
         MdiChildBuilder b;
         auto *button = qobject_cast<QPushButton *>(drop(b, QStringLiteral("button"), QPoint(16, 16)));
         QTest::keyClicks(b.textValue, QStringLiteral("Go"));
         QCOMPARE(button->text(), QStringLiteral("Go"));
-
+        // A combo has no text to set: the box stays with the button, and
+        // typing no longer reaches it.
         drop(b, QStringLiteral("combo"), QPoint(100, 100));
         QCOMPARE(b.label->text(), QStringLiteral("Object: Button Object"));
         QCOMPARE(b.textValue->text(), QStringLiteral("Go"));
         QTest::keyClicks(b.textValue, QStringLiteral("!"));
         QCOMPARE(button->text(), QStringLiteral("Go"));
-    }
-
-    void windowSelectionRenamesSurface()
-    {
-        MdiChildBuilder b;
-        drop(b, QStringLiteral("edit"), QPoint(16, 16));
+        auto *edit = qobject_cast<QLineEdit *>(drop(b, QStringLiteral("edit"), QPoint(100, 150)));
         QCOMPARE(b.label->text(), QStringLiteral("Object: Edit Object"));
+        QTest::keyClicks(b.textValue, QStringLiteral("Ok"));
+        QCOMPARE(edit->text(), QStringLiteral("Ok"));
 
-        // A press on the bare surface selects the window again.
-        QMouseEvent press(QEvent::MouseButtonPress, QPointF(250, 200), QPointF(250, 200),
-                          Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(b.dummyWindow, &press);
+        // A press on the bare surface selects the window, whose title is set.
+        press(b.dummyWindow, QPoint(250, 200));
         QCOMPARE(b.label->text(), QStringLiteral("Object: Dialog Object"));
         QCOMPARE(b.textValue->text(), QStringLiteral("Input Request"));
-
         b.textValue->selectAll();
         QTest::keyClicks(b.textValue, QStringLiteral("Login"));
-        QCOMPARE(b.dummyWindow->windowTitle(), QStringLiteral("Login"));
         QTest::keyClick(b.textValue, Qt::Key_Backspace);
         QCOMPARE(b.dummyWindow->windowTitle(), QStringLiteral("Logi"));
+        QCOMPARE(button->text(), QStringLiteral("Go"));
+
+        // The status bar follows the mouse over the surface.
+        QMouseEvent move(QEvent::MouseMove, QPointF(17, 23), QPointF(17, 23), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(b.dummyWindow, &move);
+        QCOMPARE(b.mosPos->text(), QStringLiteral("  17, 23"));
     }
 
-    void gridLimits()
+    // Steps of 2 between 4 and 30, each limit disabling its own action; the
+    // grid's visibility switches both.
+    void gridActions()
     {
         MdiChildBuilder b;
-        QVERIFY(b.gridP->isEnabled());
-        QVERIFY(b.gridM->isEnabled());
-
-        for (int i = 0; i < 10; ++i)
-            b.gridP->trigger();
-        QCOMPARE(b.dummyWindow->getGridSize(), 28);
-        QVERIFY(b.gridP->isEnabled());
-        b.gridP->trigger();
-        QCOMPARE(b.dummyWindow->getGridSize(), 30);
-        QVERIFY(!b.gridP->isEnabled());
-        QVERIFY(b.gridM->isEnabled());
-        b.gridP->trigger();
-        QCOMPARE(b.dummyWindow->getGridSize(), 30);
-
-        b.gridM->trigger();
-        QCOMPARE(b.dummyWindow->getGridSize(), 28);
-        QVERIFY(b.gridP->isEnabled());
-
-        for (int i = 0; i < 11; ++i)
-            b.gridM->trigger();
-        QCOMPARE(b.dummyWindow->getGridSize(), 6);
-        QVERIFY(b.gridM->isEnabled());
-        b.gridM->trigger();
-        QCOMPARE(b.dummyWindow->getGridSize(), 4);
-        QVERIFY(!b.gridM->isEnabled());
-        QVERIFY(b.gridP->isEnabled());
-        b.gridM->trigger();
-        QCOMPARE(b.dummyWindow->getGridSize(), 4);
-    }
-
-    void showGridOverridesLimits()
-    {
-        MdiChildBuilder b;
-        QAction *grid = action(b, QStringLiteral("Show Grid"));
-        QVERIFY(grid);
-        for (int i = 0; i < 2; ++i)
-            b.gridM->trigger();
-        QVERIFY(!b.gridM->isEnabled());
-
-        grid->trigger();
-        QVERIFY(!grid->isChecked());
-        QVERIFY(!b.dummyWindow->showGrid);
-        QVERIFY(!b.gridP->isEnabled());
-        QVERIFY(!b.gridM->isEnabled());
-
-        grid->trigger();
-        QVERIFY(b.dummyWindow->showGrid);
-        QVERIFY(b.gridP->isEnabled());
-        // Turning the grid on enables both, even at the lower limit.
-        QVERIFY(b.gridM->isEnabled());
-        QCOMPARE(b.dummyWindow->getGridSize(), 4);
+        QAction *grid = action(b, "Show Grid");
+        const struct { QAction *action; int times, size; bool plus, minus, shown; } steps[] = {
+            { b.gridP, 10, 28, true, true, true }, { b.gridP, 1, 30, false, true, true },
+            { b.gridP, 1, 30, false, true, true }, { b.gridM, 1, 28, true, true, true },
+            { b.gridM, 11, 6, true, true, true },  { b.gridM, 1, 4, true, false, true },
+            { b.gridM, 1, 4, true, false, true },  { grid, 1, 4, false, false, false },
+            { grid, 1, 4, true, true, true },
+        };
+        for (const auto &step : steps) {
+            for (int i = 0; i < step.times; ++i)
+                step.action->trigger();
+            QCOMPARE(b.dummyWindow->getGridSize(), step.size);
+            QCOMPARE(b.gridP->isEnabled(), step.plus);
+            QCOMPARE(b.gridM->isEnabled(), step.minus);
+            QCOMPARE(b.dummyWindow->showGrid, step.shown);
+        }
     }
 
     void alignAndSelectionActions()
     {
         MdiChildBuilder b;
-        QAction *align = action(b, QStringLiteral("Align To Grid"));
+        QAction *align = action(b, "Align To Grid");
         align->trigger();
-        QVERIFY(!b.dummyWindow->snapIn);
+        QCOMPARE(drop(b, QStringLiteral("text"), QPoint(13, 17))->pos(), QPoint(13, 17));
         align->trigger();
-        QVERIFY(b.dummyWindow->snapIn);
+        QCOMPARE(drop(b, QStringLiteral("text"), QPoint(13, 17))->pos(), QPoint(8, 16));
 
         auto *button = qobject_cast<QPushButton *>(drop(b, QStringLiteral("button"), QPoint(16, 16)));
         QCOMPARE(b.label->text(), QStringLiteral("Object: Button Object"));
         b.objSlct->trigger();
-        QVERIFY(!b.objSlct->isChecked());
-        QVERIFY(!b.dummyWindow->acceptSelection);
-        QVERIFY(!b.dummyWindow->focusedObject);
         QCOMPARE(b.label->text(), QStringLiteral("Object: Dialog Object"));
-
-        QMouseEvent press(QEvent::MouseButtonPress, QPointF(5, 5), QPointF(5, 5),
-                          Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(button, &press);
+        // Presses reach the control itself, and drops no longer select.
+        press(button, QPoint(5, 5));
         QVERIFY(button->isDown());
         QVERIFY(!b.dummyWindow->focusedObject);
-    }
+        drop(b, QStringLiteral("edit"), QPoint(100, 100));
+        QVERIFY(!b.dummyWindow->focusedObject);
 
-    void debugLines()
-    {
-        MdiChildBuilder b;
-        const QString before = b.dummyWindow->windowTitle();
+        // Code generation is not there yet: it only says so.
         QTest::ignoreMessage(QtDebugMsg, "Code Generation goes here...\n");
-        action(b, QStringLiteral("Generate Code"))->trigger();
-        QCOMPARE(b.dummyWindow->windowTitle(), before);
-        QCOMPARE(b.dummyWindow->components.size(), 0);
-
-        QTest::ignoreMessage(QtDebugMsg, "@@@@@@@@@@@@@@@@@\n");
-        QMouseEvent press(QEvent::MouseButtonPress, QPointF(1, 1), QPointF(1, 1),
-                          Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&b, &press);
-        QCOMPARE(b.activeObjType, QStringLiteral("window"));
+        action(b, "Generate Code")->trigger();
+        QCOMPARE(b.dummyWindow->components.size(), 4);
     }
 };
 
-QTEST_MAIN(TestBuilder)
+TARNWICK_TEST(TestBuilder);
 #include "tst_builder.moc"
