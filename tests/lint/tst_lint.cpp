@@ -1,9 +1,9 @@
-// tarnwick-lint run as a process on real files: its reports must be those
-// of the analyser in a document, printed in each form, with the right
-// exit status whatever the files hold.
+// tarnwick-lint run as a process on real files: the reports of the analyser
+// in a document, in each output form, with the right exit status whatever
+// the files and the command line hold.
 
 #include "analyserharness.h"
-#include "devsettings.h"
+#include "testsuite.h"
 
 #include <QDir>
 #include <QFile>
@@ -13,8 +13,8 @@
 #include <QProcess>
 #include <QRandomGenerator>
 #include <QRegularExpression>
+#include <QSet>
 #include <QTemporaryDir>
-#include <QTextBlock>
 #include <QtTest>
 
 namespace {
@@ -22,84 +22,65 @@ namespace {
 struct Run
 {
     int exitCode = -1;
-    QProcess::ExitStatus status = QProcess::CrashExit;
-    QString out;
-    QString err;
+    QString out, err;
+    QJsonArray files; // of the JSON forms
 };
 
-Run runLint(const QStringList &args, const QProcessEnvironment &env = QProcessEnvironment(),
-            const QString &workingDirectory = QString())
+Run lint(const QStringList &args, const QString &workingDirectory = QString(),
+         const QProcessEnvironment &env = QProcessEnvironment::systemEnvironment())
 {
     QProcess p;
-    if (!env.isEmpty())
-        p.setProcessEnvironment(env);
-    if (!workingDirectory.isEmpty())
-        p.setWorkingDirectory(workingDirectory);
+    p.setProcessEnvironment(env);
+    p.setWorkingDirectory(workingDirectory);
     p.start(QStringLiteral(TARNWICK_LINT_PATH), args);
-    Run r;
-    if (!p.waitForFinished(120000)) {
+    if (!p.waitForFinished(120000)) { // a hang shows as a crash
         p.kill();
         p.waitForFinished();
-        return r;
     }
-    r.exitCode = p.exitCode();
-    r.status = p.exitStatus();
+    Run r;
+    if (p.exitStatus() == QProcess::NormalExit)
+        r.exitCode = p.exitCode();
     r.out = QString::fromUtf8(p.readAllStandardOutput());
     r.err = QString::fromUtf8(p.readAllStandardError());
+    r.files = QJsonDocument::fromJson(r.out.toUtf8()).object()["files"].toArray();
     return r;
 }
 
-QStringList outLines(const Run &r)
+QStringList lines(const Run &r)
 {
     return r.out.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
 }
 
-QString kind(int type)
+QJsonArray field(const QJsonArray &files, int file, const char *name)
 {
-    switch (type) {
-    case 1:
-        return QStringLiteral("info");
-    case 2:
-        return QStringLiteral("warning");
-    case 3:
-        return QStringLiteral("error");
-    case 10:
-    case 12:
-        return QStringLiteral("note");
-    case 11:
-        return QStringLiteral("todo");
-    case 13:
-        return QStringLiteral("hack");
-    case 14:
-        return QStringLiteral("xxx");
-    case 15:
-        return QStringLiteral("fixme");
-    default:
-        return QStringLiteral("type%1").arg(type);
-    }
+    return files.at(file).toObject().value(QLatin1String(name)).toArray();
 }
 
-// The line the lint prints for a report of the in-process analyser.
-QString expectedLine(const QString &path, const HarnessReport &r)
+// The reports as the lint's JSON gives them and as a document's dock gets them.
+QStringList briefs(const QJsonArray &reports)
 {
-    QString s = QStringLiteral("%1:%2:%3: %4: %5").arg(path).arg(r.line).arg(r.col).arg(kind(r.type), r.message);
-    if (!r.block.isEmpty())
-        s += QStringLiteral(" [%1]").arg(r.block);
-    return s;
+    QStringList out;
+    for (const QJsonValue &r : reports)
+        out << QStringLiteral("%1 %2:%3 t%4 [%5] %6").arg(r["id"].toInt()).arg(r["line"].toInt()).arg(r["col"].toInt())
+                   .arg(r["type"].toInt()).arg(r["block"].toString(), r["message"].toString());
+    return out;
 }
 
-QJsonObject parseJson(const Run &r)
+QStringList briefs(const QString &script)
 {
-    QJsonParseError error;
-    const QJsonDocument doc = QJsonDocument::fromJson(r.out.toUtf8(), &error);
-    if (error.error != QJsonParseError::NoError)
-        qWarning() << "not JSON:" << error.errorString() << r.out.left(200);
-    return doc.object();
+    AnalyserHarness h;
+    h.setText(script);
+    QStringList out;
+    for (const HarnessReport &r : h.reports())
+        out << QStringLiteral("%1 %2:%3 t%4 [%5] %6").arg(r.id).arg(r.line).arg(r.col).arg(r.type).arg(r.block, r.message);
+    return out;
 }
+
+const QByteArray broken = "alias x {\n  echo $calc(1 +\n}\n";
 
 } // namespace
 
-class TestLint : public QObject
+class LintCommandLine : public QObject
 {
     Q_OBJECT
 
@@ -108,472 +89,223 @@ private:
 
     QString write(const QString &name, const QByteArray &content)
     {
-        const QString path = dir.filePath(name);
-        QFile f(path);
-        if (!f.open(QIODevice::WriteOnly))
-            qFatal("cannot write %s", qPrintable(path));
-        f.write(content);
-        return QFileInfo(path).absoluteFilePath();
+        QFile f(dir.filePath(name));
+        if (!f.open(QIODevice::WriteOnly) || f.write(content) != content.size())
+            qFatal("cannot write %s", qPrintable(f.fileName()));
+        return f.fileName();
+    }
+
+    static QByteArray dataFile(const char *name)
+    {
+        QFile f(QStringLiteral(TARNWICK_TEST_DATA_DIR "/") + QLatin1String(name));
+        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
     }
 
 private slots:
-    void initTestCase();
-    void textMatchesAnalyser_data();
-    void textMatchesAnalyser();
-    void jsonMatchesText();
-    void dumpMatchesDocument();
-    void dumpNamesFormatsAndRecords();
-    void iniFiles_data();
-    void iniFiles();
-    void idsSharedAcrossFiles();
-    void sameFileTwiceCheckedOnce();
-    void exitCodes_data();
-    void exitCodes();
-    void unreadableAmongReadable();
-    void unreadablePermissions();
-    void badContentNeverCrashes_data();
-    void badContentNeverCrashes();
-    void runsWithoutDisplay();
-    void helpAndVersion();
+    void initTestCase()
+    {
+        QVERIFY(dir.isValid());
+        AnalyserHarness::ensureSettings();
+    }
+
+    // One line per report, PATH:LINE:COL: KIND: MESSAGE [BLOCK], in id order;
+    // the JSON form holds the same reports, ids and all, as a document would.
+    void textAndJsonForms()
+    {
+        const QByteArray script = dataFile("kinds.mrc");
+        const QString path = write(QStringLiteral("kinds.mrc"), script);
+        const Run text = lint({ path });
+        QCOMPARE(text.exitCode, 1);
+        QCOMPARE(text.out, QString::fromUtf8(dataFile("kinds.expected")).replace(QStringLiteral("FILE"), path));
+        QCOMPARE(text.err, QStringLiteral("1 error, 1 warning, 2 infos, 4 notes in 1 file\n"));
+
+        const Run json = lint({ QStringLiteral("--json"), path });
+        QCOMPARE(json.exitCode, 1);
+        QCOMPARE(json.files.at(0).toObject()["path"].toString(), path);
+        QVERIFY(!json.files.at(0).toObject().contains(QLatin1String("lines")));
+        QCOMPARE(briefs(field(json.files, 0, "reports")), briefs(QString::fromUtf8(script)));
+        QCOMPARE(field(json.files, 0, "reports").size(), lines(text).size());
+
+        const Run clean = lint({ write(QStringLiteral("clean.mrc"), "alias x {\n  echo -a hi\n}\n") });
+        QCOMPARE(clean.exitCode, 0);
+        QCOMPARE(clean.out, QString());
+    }
+
+    // Every line as the analyser left it in a document.
+    void dump()
+    {
+        const QString script = QStringLiteral("alias -l foo {\n  var %a = $len($1) | echo -a %a\n  if (%a > 1) { return $true }\n"
+                                              "  echo $calc(1 +\n}\n#grp on\non *:TEXT:*:#:{ echo $nick }\n#grp end\n/* note\n*/\n");
+        const Run run = lint({ QStringLiteral("--dump"), write(QStringLiteral("dump.mrc"), script.toUtf8()) });
+        QCOMPARE(run.exitCode, 1);
+        AnalyserHarness h;
+        h.setText(script);
+        const QJsonArray dumped = field(run.files, 0, "lines");
+        QCOMPARE(dumped.size(), h.document()->blockCount());
+        QSet<int> ids;
+        for (int b = 0; b < dumped.size(); ++b) {
+            const QJsonObject line = dumped.at(b).toObject();
+            QCOMPARE(line["line"].toInt(), b + 1);
+            QCOMPARE(line["text"].toString(), h.document()->findBlockByNumber(b).text());
+            QCOMPARE(line["state"].toInt(), h.state(b));
+            QStringList formats, expected;
+            for (const QJsonValue &f : line["formats"].toArray())
+                formats << QStringLiteral("%1+%2 %3").arg(f["start"].toInt()).arg(f["length"].toInt()).arg(f["format"].toString());
+            for (const QTextLayout::FormatRange &r : h.formats(b))
+                expected << QStringLiteral("%1+%2 %3").arg(r.start).arg(r.length).arg(AnalyserHarness::formatName(r.format));
+            QCOMPARE(formats, expected);
+            const CBlockData *data = h.record(b);
+            const QJsonValue rec = line["record"];
+            QCOMPARE(rec.isNull(), !data);
+            if (!data)
+                continue;
+            QCOMPARE(QStringLiteral("%1 %2 %3 %4 %5").arg(rec["blockType"].toInt()).arg(rec["isLocal"].toBool())
+                         .arg(rec["containedBlock"].toString()).arg(rec["blockPos"].toInt())
+                         .arg(rec["idents"].toArray().size()),
+                     QStringLiteral("%1 %2 %3 %4 %5").arg(data->blockType).arg(data->isLocal).arg(data->containedBlock)
+                         .arg(data->blockPos).arg(data->idents.size()));
+            for (const QJsonValue &id : rec["ids"].toArray())
+                ids.insert(id.toInt());
+        }
+        // The lines name the reports they caused.
+        QSet<int> reported;
+        for (const QJsonValue &r : field(run.files, 0, "reports"))
+            reported.insert(r["id"].toInt());
+        QCOMPARE(ids, reported);
+        // Spelled out: the names of formats and identifiers.
+        QCOMPARE(dumped.at(0)["formats"].toArray().at(0)["format"].toString(), QStringLiteral("aliasFmt"));
+        QCOMPARE(dumped.at(1)["record"]["idents"].toArray().at(1)["name"].toString(), QStringLiteral("$len"));
+    }
+
+    // Ids run on from file to file as in one dock; a file's reports are
+    // otherwise those it has alone, and a file named twice is checked once.
+    void idsSharedAcrossFiles()
+    {
+        const QString a = write(QStringLiteral("ids-a.mrc"), "alias a {\n  echo $calc(1 +\n  ; todo: a\n}\n");
+        const QString b = write(QStringLiteral("ids-b.mrc"), "alias b {\n  ; fixme: b\n  echo $calc(2 +\n}\nrem b\n");
+        const Run both = lint({ QStringLiteral("--json"), a, b, dir.path() + QStringLiteral("/./ids-a.mrc") });
+        QCOMPARE(both.files.size(), 2);
+        QCOMPARE(briefs(field(both.files, 0, "reports")), briefs(QStringLiteral("alias a {\n  echo $calc(1 +\n  ; todo: a\n}\n")));
+        const QStringList second = briefs(field(both.files, 1, "reports"));
+        const QStringList alone = briefs(field(lint({ QStringLiteral("--json"), b }).files, 0, "reports"));
+        QVERIFY(!second.isEmpty() && second != alone);
+        const QRegularExpression id(QStringLiteral("^\\d+ "));
+        QCOMPARE(QStringList(second).replaceInStrings(id, QString()), QStringList(alone).replaceInStrings(id, QString()));
+        QVERIFY(second.first().section(QLatin1Char(' '), 0, 0).toInt()
+                > briefs(field(both.files, 0, "reports")).last().section(QLatin1Char(' '), 0, 0).toInt());
+    }
+
+    // A name ending in .ini, in any case, is read in the INI form.
+    void iniFiles()
+    {
+        const QByteArray ini = dataFile("script.ini");
+        const QString asLoaded = QStringLiteral("alias x {\n  echo $calc(1 +\n\n}\na=b\n");
+        for (const char *name : { "script.ini", "SCRIPT.INI", "Script.Ini", ".ini" }) {
+            const Run run = lint({ QStringLiteral("--dump"), write(QLatin1String(name), ini) });
+            QCOMPARE(briefs(field(run.files, 0, "reports")), briefs(asLoaded));
+            QStringList texts;
+            for (const QJsonValue &line : field(run.files, 0, "lines"))
+                texts << line["text"].toString();
+            QCOMPARE(texts, asLoaded.split(QLatin1Char('\n')));
+        }
+        const Run plain = lint({ QStringLiteral("--dump"), write(QStringLiteral("script.ini.bak"), ini) });
+        QCOMPARE(field(plain.files, 0, "lines").at(0)["text"].toString(), QStringLiteral("[script]"));
+    }
+
+    void exitCodes_data()
+    {
+        QTest::addColumn<QStringList>("args");
+        QTest::addColumn<int>("exitCode");
+        QTest::newRow("clean") << QStringList({ "clean.mrc" }) << 0;
+        QTest::newRow("notes only") << QStringList({ "notes.mrc" }) << 0;
+        QTest::newRow("error") << QStringList({ "./-broken.mrc" }) << 1;
+        QTest::newRow("error, json") << QStringList({ "--json", "./-broken.mrc" }) << 1;
+        QTest::newRow("error, dump") << QStringList({ "--dump", "./-broken.mrc" }) << 1;
+        QTest::newRow("dash name after --") << QStringList({ "--", "-broken.mrc" }) << 1;
+        QTest::newRow("options before --") << QStringList({ "--json", "--", "-broken.mrc" }) << 1;
+        QTest::newRow("dash name without --") << QStringList({ "-broken.mrc" }) << 2;
+        QTest::newRow("unknown option") << QStringList({ "--frobnicate", "clean.mrc" }) << 2;
+        QTest::newRow("no file") << QStringList() << 2;
+        QTest::newRow("only --") << QStringList({ "--" }) << 2;
+    }
+
+    void exitCodes()
+    {
+        QFETCH(QStringList, args);
+        QFETCH(int, exitCode);
+        write(QStringLiteral("clean.mrc"), "alias x {\n  echo -a hi\n}\n");
+        write(QStringLiteral("notes.mrc"), "alias x {\n  ; todo: later\n}\n");
+        write(QStringLiteral("-broken.mrc"), broken);
+        const Run run = lint(args, dir.path());
+        QCOMPARE(run.exitCode, exitCode);
+        if (exitCode == 2)
+            QVERIFY(!run.err.isEmpty() && run.out.isEmpty());
+        else
+            QVERIFY2(run.err.endsWith(QLatin1String(" in 1 file\n")), qPrintable(run.err));
+    }
+
+    // A file that cannot be read is named on standard error and gives
+    // status 2; the others are checked all the same.
+    void unreadableAmongReadable()
+    {
+        const QString a = write(QStringLiteral("ok-a.mrc"), broken);
+        const QString b = write(QStringLiteral("ok-b.mrc"), "alias b {\n  ; todo: b\n}\n");
+        const QString missing = dir.filePath(QStringLiteral("missing.mrc"));
+        const QString folder = dir.filePath(QStringLiteral("folder.mrc"));
+        const QString locked = write(QStringLiteral("locked.mrc"), broken);
+        QVERIFY(QDir(dir.path()).mkpath(QStringLiteral("folder.mrc")));
+        QFile::setPermissions(locked, QFileDevice::Permissions());
+        const bool lockHolds = !QFile(locked).open(QIODevice::ReadOnly);
+
+        const Run run = lint({ a, missing, folder, locked, b });
+        QCOMPARE(run.exitCode, 2);
+        for (const QString &name : { missing, folder, locked })
+            QVERIFY2(run.err.contains(name) || (name == locked && !lockHolds), qPrintable(run.err));
+        QCOMPARE(lines(run).filter(QRegularExpression(QStringLiteral("^(%1|%2):2:").arg(a, b))).size(), 2);
+
+        const Run json = lint({ QStringLiteral("--json"), a, missing, b });
+        QCOMPARE(json.exitCode, 2);
+        QCOMPARE(json.files.size(), 3);
+        QVERIFY(json.files.at(1).toObject().contains(QLatin1String("error")));
+        QCOMPARE(field(json.files, 2, "reports").size(), 1);
+    }
+
+    void badContentNeverCrashes_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QByteArray binary;
+        QRandomGenerator rng(1234);
+        for (int i = 0; i < 20000; ++i)
+            binary.append(char(rng.bounded(256)));
+        QTest::newRow("binary") << binary;
+        QTest::newRow("NUL inside") << QByteArray("alias a {\n  echo \0 $me\n}\n", 25);
+        QTest::newRow("invalid UTF-8") << QByteArray("alias \xff\xfe {\n  echo \xc3\x28\n}\n");
+        QTest::newRow("empty") << QByteArray();
+        QTest::newRow("CR only") << QByteArray("alias a {\r  echo $calc(\r}\r");
+        QTest::newRow("long line") << QByteArray("alias a { echo ").append(QByteArray(200000, '(')).append("\n");
+    }
+
+    void badContentNeverCrashes()
+    {
+        QFETCH(QByteArray, content);
+        const QString path = write(QStringLiteral("bad.mrc"), content);
+        const Run text = lint({ path });
+        QVERIFY(text.exitCode == 0 || text.exitCode == 1);
+        const Run dumped = lint({ QStringLiteral("--dump"), path });
+        QCOMPARE(dumped.exitCode, text.exitCode);
+        QCOMPARE(field(dumped.files, 0, "reports").size(), lines(text).size());
+    }
+
+    // The lint picks the offscreen platform itself when none is chosen.
+    void runsWithoutDisplay()
+    {
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        for (const char *name : { "QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY" })
+            env.remove(QLatin1String(name));
+        const Run run = lint({ write(QStringLiteral("nodisplay.mrc"), broken) }, QString(), env);
+        QCOMPARE(run.exitCode, 1);
+    }
 };
 
-void TestLint::initTestCase()
-{
-    QVERIFY(dir.isValid());
-    AnalyserHarness::ensureSettings();
-}
-
-void TestLint::textMatchesAnalyser_data()
-{
-    QTest::addColumn<QString>("script");
-    QTest::newRow("clean alias") << QStringLiteral("alias x {\n  echo -a hi\n}\n");
-    QTest::newRow("unclosed identifier")
-        << QStringLiteral("alias foo {\n  echo hi $calc(1 +\n}\n");
-    QTest::newRow("notes") << QStringLiteral(
-        "alias n {\n  ; todo: one\n  ; fixme: two\n  ; hack three\n  ; xxx four\n}\n");
-    QTest::newRow("rem and errors")
-        << QStringLiteral("rem old comment\nalias a {\n  if (1 == 1 { echo x }\n}\nalias\n");
-    QTest::newRow("event and dialog") << QStringLiteral(
-        "on *:TEXT:*hi*:#:{ msg $chan hello }\ndialog d {\n  title \"t\"\n  size -1 -1 10 10\n}\n");
-    QTest::newRow("empty") << QString();
-}
-
-// The text form lists, in id order, exactly the reports that the analyser
-// leaves in a document after the editor's two passes.
-void TestLint::textMatchesAnalyser()
-{
-    QFETCH(QString, script);
-    const QString path = write(QStringLiteral("text.mrc"), script.toUtf8());
-
-    AnalyserHarness h;
-    h.setText(script);
-    QStringList expected;
-    int errors = 0;
-    for (const HarnessReport &r : h.reports()) {
-        expected << expectedLine(path, r);
-        errors += r.type == 3;
-    }
-
-    const Run run = runLint({path});
-    QCOMPARE(run.status, QProcess::NormalExit);
-    QCOMPARE(outLines(run), expected);
-    QCOMPARE(run.exitCode, errors ? 1 : 0);
-    // The summary counts what was printed.
-    QVERIFY2(run.err.contains(QStringLiteral("%1 error").arg(errors)), qPrintable(run.err));
-    QVERIFY(run.err.contains(QLatin1String("in 1 file")));
-}
-
-void TestLint::jsonMatchesText()
-{
-    const QString script = QStringLiteral(
-        "alias foo {\n  echo $calc(1 +\n  ; todo: later\n}\nrem x\n");
-    const QString path = write(QStringLiteral("json.mrc"), script.toUtf8());
-    AnalyserHarness h;
-    h.setText(script);
-    QVERIFY(h.reports().size() >= 3);
-
-    const Run run = runLint({QStringLiteral("--json"), path});
-    QCOMPARE(run.exitCode, 1);
-    const QJsonObject root = parseJson(run);
-    const QJsonArray files = root.value(QLatin1String("files")).toArray();
-    QCOMPARE(files.size(), 1);
-    const QJsonObject file = files.at(0).toObject();
-    QCOMPARE(file.value(QLatin1String("path")).toString(), path);
-    QVERIFY(!file.contains(QLatin1String("lines")));
-    const QJsonArray reports = file.value(QLatin1String("reports")).toArray();
-    QCOMPARE(reports.size(), h.reports().size());
-    for (int i = 0; i < reports.size(); ++i) {
-        const QJsonObject r = reports.at(i).toObject();
-        const HarnessReport &e = h.reports().at(i);
-        QCOMPARE(r.value(QLatin1String("id")).toInt(), e.id);
-        QCOMPARE(r.value(QLatin1String("line")).toInt(), e.line);
-        QCOMPARE(r.value(QLatin1String("col")).toInt(), e.col);
-        QCOMPARE(r.value(QLatin1String("type")).toInt(), e.type);
-        QCOMPARE(r.value(QLatin1String("block")).toString(), e.block);
-        QCOMPARE(r.value(QLatin1String("message")).toString(), e.message);
-    }
-}
-
-// Every line's state, formats and record as the document holds them.
-void TestLint::dumpMatchesDocument()
-{
-    const QString script = QStringLiteral(
-        "alias -l foo {\n  var %a = $len($1) | echo -a %a\n  if (%a > 1) { return $true }\n}\n"
-        "#grp on\non *:TEXT:*:#:{ echo $nick }\n#grp end\n/* note\n*/\n");
-    const QString path = write(QStringLiteral("dump.mrc"), script.toUtf8());
-    AnalyserHarness h;
-    h.setText(script);
-
-    const Run run = runLint({QStringLiteral("--json"), QStringLiteral("--dump"), path});
-    QCOMPARE(run.status, QProcess::NormalExit);
-    const QJsonArray lines = parseJson(run)
-                                 .value(QLatin1String("files")).toArray().at(0).toObject()
-                                 .value(QLatin1String("lines")).toArray();
-    QCOMPARE(lines.size(), h.document()->blockCount());
-    for (int b = 0; b < lines.size(); ++b) {
-        const QJsonObject line = lines.at(b).toObject();
-        const QTextBlock block = h.document()->findBlockByNumber(b);
-        QCOMPARE(line.value(QLatin1String("line")).toInt(), b + 1);
-        QCOMPARE(line.value(QLatin1String("text")).toString(), block.text());
-        QCOMPARE(line.value(QLatin1String("state")).toInt(), h.state(b));
-
-        const auto ranges = h.formats(b);
-        const QJsonArray formats = line.value(QLatin1String("formats")).toArray();
-        QCOMPARE(formats.size(), ranges.size());
-        for (int i = 0; i < ranges.size(); ++i) {
-            const QJsonObject f = formats.at(i).toObject();
-            QCOMPARE(f.value(QLatin1String("start")).toInt(), ranges.at(i).start);
-            QCOMPARE(f.value(QLatin1String("length")).toInt(), ranges.at(i).length);
-            QVERIFY(!f.value(QLatin1String("format")).toString().isEmpty());
-        }
-
-        const CBlockData *data = h.record(b);
-        const QJsonValue record = line.value(QLatin1String("record"));
-        if (!data) {
-            QVERIFY(record.isNull());
-            continue;
-        }
-        const QJsonObject rec = record.toObject();
-        QCOMPARE(rec.value(QLatin1String("blockType")).toInt(), data->blockType);
-        QCOMPARE(rec.value(QLatin1String("isLocal")).toBool(), data->isLocal);
-        QCOMPARE(rec.value(QLatin1String("containedBlock")).toString(), data->containedBlock);
-        QCOMPARE(rec.value(QLatin1String("blockPos")).toInt(), data->blockPos);
-        QCOMPARE(rec.value(QLatin1String("isMultiLine")).toBool(), data->isMultiLine);
-        QCOMPARE(rec.value(QLatin1String("isGroup")).toBool(), data->isGroup);
-        QCOMPARE(rec.value(QLatin1String("groupState")).toInt(), data->groupState);
-        QCOMPARE(rec.value(QLatin1String("matchtext")).toString(), data->matchtext);
-        const QJsonArray idents = rec.value(QLatin1String("idents")).toArray();
-        QCOMPARE(idents.size(), data->idents.size());
-        for (int i = 0; i < idents.size(); ++i) {
-            const QJsonObject id = idents.at(i).toObject();
-            const Identifier &e = data->idents.at(i);
-            QCOMPARE(id.value(QLatin1String("name")).toString(), e.name);
-            QCOMPARE(id.value(QLatin1String("start")).toInt(), e.start);
-            QCOMPARE(id.value(QLatin1String("end")).toInt(), e.end);
-            QCOMPARE(id.value(QLatin1String("proppos")).toInt(), e.proppos);
-            QCOMPARE(id.value(QLatin1String("hasPayload")).toBool(), e.hasPayload);
-            QCOMPARE(id.value(QLatin1String("possibleIdent")).toBool(), e.possibleIdent);
-            QVector<int> args;
-            for (const QJsonValue &v : id.value(QLatin1String("argsPos")).toArray())
-                args << v.toInt();
-            QCOMPARE(args, e.argsPos);
-        }
-    }
-}
-
-// Format names and records of a small alias, spelled out.
-void TestLint::dumpNamesFormatsAndRecords()
-{
-    const QString path =
-        write(QStringLiteral("small.mrc"), "alias -l foo {\n  echo $mid(abc,1)\n}\n");
-    const Run run = runLint({QStringLiteral("--dump"), path});
-    QCOMPARE(run.exitCode, 0);
-    const QJsonArray lines = parseJson(run)
-                                 .value(QLatin1String("files")).toArray().at(0).toObject()
-                                 .value(QLatin1String("lines")).toArray();
-    QCOMPARE(lines.size(), 4);
-
-    const QJsonObject header = lines.at(0).toObject();
-    const QJsonObject rec = header.value(QLatin1String("record")).toObject();
-    QCOMPARE(rec.value(QLatin1String("blockType")).toInt(), int(CBlockData::Alias));
-    QCOMPARE(rec.value(QLatin1String("isLocal")).toBool(), true);
-    QCOMPARE(rec.value(QLatin1String("containedBlock")).toString(), QStringLiteral("foo"));
-    QCOMPARE(rec.value(QLatin1String("blockPos")).toInt(), 9);
-    QCOMPARE(rec.value(QLatin1String("isMultiLine")).toBool(), true);
-    QStringList names;
-    for (const QJsonValue &f : header.value(QLatin1String("formats")).toArray())
-        names << f.toObject().value(QLatin1String("format")).toString();
-    QVERIFY2(names.startsWith(QStringLiteral("aliasFmt")), qPrintable(names.join(' ')));
-    QVERIFY2(names.contains(QStringLiteral("aliasNameFmt")), qPrintable(names.join(' ')));
-    QCOMPARE(names.last(), QStringLiteral("ctrlFmt"));
-
-    const QJsonObject body = lines.at(1).toObject();
-    QStringList bodyNames;
-    for (const QJsonValue &f : body.value(QLatin1String("formats")).toArray())
-        bodyNames << f.toObject().value(QLatin1String("format")).toString();
-    QVERIFY2(bodyNames.startsWith(QStringLiteral("cmdFmt")), qPrintable(bodyNames.join(' ')));
-    QVERIFY2(bodyNames.contains(QStringLiteral("identFmt")), qPrintable(bodyNames.join(' ')));
-    const QJsonArray idents =
-        body.value(QLatin1String("record")).toObject().value(QLatin1String("idents")).toArray();
-    QCOMPARE(idents.size(), 1);
-    const QJsonObject mid = idents.at(0).toObject();
-    QCOMPARE(mid.value(QLatin1String("name")).toString(), QStringLiteral("$mid"));
-    QCOMPARE(mid.value(QLatin1String("start")).toInt(), 7);
-    QCOMPARE(mid.value(QLatin1String("hasPayload")).toBool(), true);
-    QCOMPARE(mid.value(QLatin1String("argsPos")).toArray(), QJsonArray({15}));
-
-    // The closing bracket leaves the block state of a top-level line.
-    QVERIFY(lines.at(2).toObject().value(QLatin1String("state")).toInt()
-            != header.value(QLatin1String("state")).toInt());
-}
-
-void TestLint::iniFiles_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::newRow("lower") << QStringLiteral("script.ini");
-    QTest::newRow("upper") << QStringLiteral("SCRIPT.INI");
-    QTest::newRow("mixed") << QStringLiteral("Script.Ini");
-    QTest::newRow("bare suffix") << QStringLiteral(".ini");
-}
-
-// INI scripts are read in their INI form: sections dropped, keys cut.
-void TestLint::iniFiles()
-{
-    QFETCH(QString, name);
-    const QByteArray ini = "[script]\nn0=alias x {\nn1=  echo $calc(1 +\n\nn2=}\nn3=a=b\n";
-    const QString path = write(name, ini);
-    const QString asLoaded = QStringLiteral("alias x {\n  echo $calc(1 +\n\n}\na=b\n");
-    AnalyserHarness h;
-    h.setText(asLoaded);
-    QVERIFY(!h.reports().isEmpty());
-    QStringList expected;
-    for (const HarnessReport &r : h.reports())
-        expected << expectedLine(path, r);
-
-    const Run run = runLint({path});
-    QCOMPARE(outLines(run), expected);
-
-    const Run dump = runLint({QStringLiteral("--dump"), path});
-    const QJsonArray lines = parseJson(dump)
-                                 .value(QLatin1String("files")).toArray().at(0).toObject()
-                                 .value(QLatin1String("lines")).toArray();
-    QStringList texts;
-    for (const QJsonValue &l : lines)
-        texts << l.toObject().value(QLatin1String("text")).toString();
-    QCOMPARE(texts, asLoaded.split(QLatin1Char('\n')));
-
-    // A name that only contains ".ini" is a plain script.
-    const QString bak = write(name + QStringLiteral(".bak"), ini);
-    const Run plain = runLint({QStringLiteral("--dump"), bak});
-    const QJsonArray plainLines = parseJson(plain)
-                                      .value(QLatin1String("files")).toArray().at(0).toObject()
-                                      .value(QLatin1String("lines")).toArray();
-    QCOMPARE(plainLines.at(0).toObject().value(QLatin1String("text")).toString(),
-             QStringLiteral("[script]"));
-}
-
-// Ids run on from file to file as in one dock, and each file's reports
-// are those it has alone.
-void TestLint::idsSharedAcrossFiles()
-{
-    const QString a = write(QStringLiteral("ids-a.mrc"),
-                            "alias a {\n  echo $calc(1 +\n  ; todo: a\n}\n");
-    const QString b = write(QStringLiteral("ids-b.mrc"),
-                            "alias b {\n  ; fixme: b\n  echo $calc(2 +\n}\nrem b\n");
-    const Run alone = runLint({QStringLiteral("--json"), b});
-    const Run both = runLint({QStringLiteral("--json"), a, b});
-    const QJsonArray files = parseJson(both).value(QLatin1String("files")).toArray();
-    QCOMPARE(files.size(), 2);
-
-    auto idsOf = [](const QJsonObject &file) {
-        QVector<int> ids;
-        for (const QJsonValue &r : file.value(QLatin1String("reports")).toArray())
-            ids << r.toObject().value(QLatin1String("id")).toInt();
-        return ids;
-    };
-    auto withoutIds = [](const QJsonObject &file) {
-        QStringList out;
-        for (const QJsonValue &v : file.value(QLatin1String("reports")).toArray()) {
-            QJsonObject r = v.toObject();
-            r.remove(QLatin1String("id"));
-            out << QString::fromUtf8(QJsonDocument(r).toJson(QJsonDocument::Compact));
-        }
-        return out;
-    };
-    const QJsonObject fa = files.at(0).toObject();
-    const QJsonObject fb = files.at(1).toObject();
-    const QJsonObject fbAlone = parseJson(alone).value(QLatin1String("files")).toArray().at(0).toObject();
-    const QVector<int> idsA = idsOf(fa);
-    const QVector<int> idsB = idsOf(fb);
-    QVERIFY(!idsA.isEmpty());
-    QVERIFY(!idsB.isEmpty());
-    QVERIFY(std::is_sorted(idsA.begin(), idsA.end()));
-    QVERIFY(std::is_sorted(idsB.begin(), idsB.end()));
-    QVERIFY2(idsB.first() > idsA.last(), "the second file's ids follow the first's");
-    QCOMPARE(withoutIds(fb), withoutIds(fbAlone));
-    QVERIFY(idsOf(fbAlone) != idsB);
-
-    // The ids are those of the dock: two passes per file, each report of
-    // the first pass withdrawn line by line before the second files anew.
-    AnalyserHarness ha;
-    ha.setText(QStringLiteral("alias a {\n  echo $calc(1 +\n  ; todo: a\n}\n"));
-    QVector<int> harnessIds;
-    for (const HarnessReport &r : ha.reports())
-        harnessIds << r.id;
-    QCOMPARE(idsA, harnessIds);
-}
-
-void TestLint::sameFileTwiceCheckedOnce()
-{
-    const QString a = write(QStringLiteral("twice.mrc"), "alias a {\n  echo $calc(1 +\n}\n");
-    const Run once = runLint({a});
-    const Run twice = runLint({a, dir.path() + QStringLiteral("/./twice.mrc")});
-    QCOMPARE(twice.out, once.out);
-}
-
-void TestLint::exitCodes_data()
-{
-    QTest::addColumn<QStringList>("args");
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<int>("exitCode");
-    const QByteArray clean = "alias x {\n  echo -a hi\n}\n";
-    const QByteArray broken = "alias x {\n  echo $calc(1 +\n}\n";
-    const QByteArray onlyNotes = "alias x {\n  ; todo: later\n}\n";
-    const QString file = QStringLiteral("FILE");
-    const QString json = QStringLiteral("--json");
-    const QString dashes = QStringLiteral("--");
-    QTest::newRow("clean") << QStringList({file}) << clean << 0;
-    QTest::newRow("notes only") << QStringList({file}) << onlyNotes << 0;
-    QTest::newRow("error") << QStringList({file}) << broken << 1;
-    QTest::newRow("error, json") << QStringList({json, file}) << broken << 1;
-    QTest::newRow("error, dump") << QStringList({QStringLiteral("--dump"), file}) << broken << 1;
-    QTest::newRow("dash name after --") << QStringList({dashes, QStringLiteral("-exit.mrc")})
-                                        << broken << 1;
-    QTest::newRow("options before --") << QStringList({json, dashes, QStringLiteral("-exit.mrc")})
-                                       << broken << 1;
-    QTest::newRow("dash name without --") << QStringList({QStringLiteral("-exit.mrc")}) << broken
-                                          << 2;
-    QTest::newRow("unknown option") << QStringList({QStringLiteral("--frobnicate"), file})
-                                    << clean << 2;
-    QTest::newRow("no file") << QStringList() << clean << 2;
-    QTest::newRow("only --") << QStringList({dashes}) << clean << 2;
-}
-
-void TestLint::exitCodes()
-{
-    QFETCH(QStringList, args);
-    QFETCH(QByteArray, content);
-    QFETCH(int, exitCode);
-    write(QStringLiteral("-exit.mrc"), content);
-    args.replaceInStrings(QRegularExpression(QStringLiteral("^FILE$")), QStringLiteral("-exit.mrc"));
-    // FILE alone is given as "./-exit.mrc", which no parser takes for options.
-    for (QString &a : args) {
-        if (a == QLatin1String("-exit.mrc") && !args.contains(QStringLiteral("--"))
-            && QString::fromLatin1(QTest::currentDataTag()).indexOf(QLatin1String("without")) < 0)
-            a.prepend(QStringLiteral("./"));
-    }
-    const Run run = runLint(args, QProcessEnvironment(), dir.path());
-    QCOMPARE(run.status, QProcess::NormalExit);
-    QCOMPARE(run.exitCode, exitCode);
-    if (exitCode == 2)
-        QVERIFY(!run.err.isEmpty());
-    else
-        QVERIFY2(run.err.contains(QLatin1String("in 1 file")), qPrintable(run.err));
-}
-
-// A file that cannot be read is named on standard error, gives status 2,
-// and the others are checked all the same.
-void TestLint::unreadableAmongReadable()
-{
-    const QString a = write(QStringLiteral("ok-a.mrc"), "alias a {\n  echo $calc(1 +\n}\n");
-    const QString b = write(QStringLiteral("ok-b.mrc"), "alias b {\n  ; todo: b\n}\n");
-    const QString missing = dir.filePath(QStringLiteral("missing.mrc"));
-    const QString folder = dir.filePath(QStringLiteral("folder.mrc"));
-    QVERIFY(QDir(dir.path()).mkpath(QStringLiteral("folder.mrc")));
-
-    const Run run = runLint({a, missing, folder, b});
-    QCOMPARE(run.status, QProcess::NormalExit);
-    QCOMPARE(run.exitCode, 2);
-    QVERIFY2(run.err.contains(missing), qPrintable(run.err));
-    QVERIFY2(run.err.contains(folder), qPrintable(run.err));
-    const QStringList lines = outLines(run);
-    QVERIFY(std::any_of(lines.begin(), lines.end(), [&](const QString &l) { return l.startsWith(a); }));
-    QVERIFY(std::any_of(lines.begin(), lines.end(), [&](const QString &l) { return l.startsWith(b); }));
-
-    const Run json = runLint({QStringLiteral("--json"), a, missing, b});
-    QCOMPARE(json.exitCode, 2);
-    const QJsonArray files = parseJson(json).value(QLatin1String("files")).toArray();
-    QCOMPARE(files.size(), 3);
-    QVERIFY(files.at(1).toObject().contains(QLatin1String("error")));
-    QVERIFY(!files.at(0).toObject().value(QLatin1String("reports")).toArray().isEmpty());
-}
-
-void TestLint::unreadablePermissions()
-{
-    const QString path = write(QStringLiteral("locked.mrc"), "alias a { echo }\n");
-    QFile::setPermissions(path, QFileDevice::Permissions());
-    QFile probe(path);
-    if (probe.open(QIODevice::ReadOnly))
-        QSKIP("permissions do not stop this user from reading");
-    const Run run = runLint({path});
-    QCOMPARE(run.exitCode, 2);
-    QVERIFY(run.err.contains(path));
-}
-
-void TestLint::badContentNeverCrashes_data()
-{
-    QTest::addColumn<QByteArray>("content");
-    QByteArray binary;
-    QRandomGenerator rng(1234);
-    for (int i = 0; i < 20000; ++i)
-        binary.append(char(rng.bounded(256)));
-    QTest::newRow("binary") << binary;
-    static const char withNul[] = "alias a {\n  echo \0 $me\n}\n";
-    QTest::newRow("NUL inside") << QByteArray(withNul, sizeof(withNul) - 1);
-    QTest::newRow("invalid UTF-8") << QByteArray("alias \xff\xfe {\n  echo \xc3\x28\n}\n");
-    QTest::newRow("empty") << QByteArray();
-    QTest::newRow("CR only") << QByteArray("alias a {\r  echo $calc(\r}\r");
-    QTest::newRow("CR LF") << QByteArray("alias a {\r\n  echo hi\r\n}\r\n");
-    QTest::newRow("long line") << QByteArray("alias a { echo ").append(QByteArray(200000, '(')).append("\n");
-}
-
-void TestLint::badContentNeverCrashes()
-{
-    QFETCH(QByteArray, content);
-    const QString path = write(QStringLiteral("bad.mrc"), content);
-    const Run text = runLint({path});
-    QCOMPARE(text.status, QProcess::NormalExit);
-    QVERIFY(text.exitCode == 0 || text.exitCode == 1);
-    const Run json = runLint({QStringLiteral("--dump"), path});
-    QCOMPARE(json.status, QProcess::NormalExit);
-    QCOMPARE(json.exitCode, text.exitCode);
-    QVERIFY(parseJson(json).value(QLatin1String("files")).isArray());
-}
-
-// The lint picks the offscreen platform itself when none is chosen.
-void TestLint::runsWithoutDisplay()
-{
-    const QString path = write(QStringLiteral("nodisplay.mrc"), "alias a {\n  echo $calc(1 +\n}\n");
-    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    env.remove(QStringLiteral("QT_QPA_PLATFORM"));
-    env.remove(QStringLiteral("DISPLAY"));
-    env.remove(QStringLiteral("WAYLAND_DISPLAY"));
-    const Run run = runLint({path}, env);
-    QCOMPARE(run.status, QProcess::NormalExit);
-    QCOMPARE(run.exitCode, 1);
-    QCOMPARE(outLines(run).size(), 1);
-}
-
-void TestLint::helpAndVersion()
-{
-    const Run help = runLint({QStringLiteral("--help")});
-    QCOMPARE(help.exitCode, 0);
-    QVERIFY(help.out.contains(QLatin1String("--json")));
-    QVERIFY(help.out.contains(QLatin1String("--dump")));
-    const Run version = runLint({QStringLiteral("--version")});
-    QCOMPARE(version.exitCode, 0);
-    QVERIFY(QRegularExpression(QStringLiteral("^tarnwick-lint \\d+\\.\\d+")).match(version.out).hasMatch());
-}
-
-QTEST_MAIN(TestLint)
+TARNWICK_TEST(LintCommandLine);
 #include "tst_lint.moc"
