@@ -55,8 +55,11 @@ bool MdiChildEditor::saveFileClicked()
     }
 
     // Written to a temporary file and renamed over the old one on commit,
-    // so a failed write leaves the file on disk as it was.
+    // so a failed write leaves the file on disk as it was. A writable file
+    // in a folder the user may not write to has no room for the temporary
+    // file; it is then written in place, as a plain write would.
     QSaveFile file(fName.absoluteFilePath());
+    file.setDirectWriteFallback(true);
     if (!file.open(QIODevice::WriteOnly)) {
         warnSaveFailed(this, fName.absoluteFilePath());
         return false;
