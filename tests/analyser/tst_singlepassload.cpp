@@ -7,6 +7,7 @@
 #include "msltextedit.h"
 #include "reportstore.h"
 #include "singlepassload.h"
+#include "testsuite.h"
 
 #include <QPlainTextDocumentLayout>
 #include <QStandardItemModel>
@@ -16,99 +17,79 @@
 
 namespace {
 
-const QString Path = QStringLiteral("/scripts/loaded.mrc");
-
-// A report list pair and a way to load a script into a document the way a
-// tab does, in either fashion.
+// A document with a pair of report lists, loaded in either fashion.
 class Loader
 {
 public:
-    Loader() : debug(0, ReportStore::DebugColumns), messages(0, ReportStore::MessagesColumns)
+    explicit Loader(int sortColumn, int others = 0) : sortColumn(sortColumn)
     {
-        store = new ReportStore(&debug, &messages);
         doc.setDocumentLayout(new QPlainTextDocumentLayout(&doc));
         hl = new MslSyntaxHighlighter(&doc);
-        QObject::connect(hl, &MslSyntaxHighlighter::updateError, store,
+        QObject::connect(hl, &MslSyntaxHighlighter::updateError, &store,
                          [this](int line, int col, QString file, QString block, QString,
                                 int type, QString message, int &id) {
-                             id = store->addReport(line, col, file, block, type, message,
-                                                   sortColumn, sortOrder);
+                             id = store.addReport(line, col, file, block, type, message,
+                                                  this->sortColumn, Qt::DescendingOrder);
                          },
                          Qt::DirectConnection);
-        QObject::connect(hl, &MslSyntaxHighlighter::removeError, store,
-                         [this](QVector<int> &ids) { store->removeReports(ids); },
+        QObject::connect(hl, &MslSyntaxHighlighter::removeError, &store,
+                         [this](QVector<int> &ids) { store.removeReports(ids); },
                          Qt::DirectConnection);
-    }
-    ~Loader() { delete store; }
-
-    // Reports standing before the load, as another tab's would.
-    void fileOthers(int count)
-    {
-        for (int i = 0; i < count; ++i)
-            store->addReport(i + 1, 0, QStringLiteral("/scripts/other.mrc"), QStringLiteral("x"),
-                             3, QStringLiteral("other"), sortColumn, sortOrder);
+        // Reports standing before the load, as another tab's would.
+        for (int i = 0; i < others; ++i)
+            store.addReport(i + 1, 0, QStringLiteral("/scripts/other.mrc"), QStringLiteral("x"),
+                            3, QStringLiteral("other"), sortColumn, Qt::DescendingOrder);
     }
 
-    void loadTwoPasses(const QString &text)
+    // Loads as a tab does; one pass returns what settling shifted.
+    int load(const QString &text, bool onePass)
     {
-        doc.setPlainText(text);
-        hl->setFn(Path);
-        hl->rehighlight();
-    }
-
-    int loadOnePass(const QString &text)
-    {
-        {
+        if (onePass) {
             const UnanalysedLoad load(hl);
             doc.setPlainText(text);
+        } else {
+            doc.setPlainText(text);
         }
-        hl->setFn(Path);
+        hl->setFn(QStringLiteral("/scripts/loaded.mrc"));
         hl->rehighlight();
-        return settleSinglePassIds(&doc, store);
+        return onePass ? settleSinglePassIds(&doc, &store) : 0;
     }
 
-    QStringList recordIds() const
+    // The ids of each line's record, then the rows of both lists.
+    QStringList state() const
     {
         QStringList out;
         for (QTextBlock b = doc.firstBlock(); b.isValid(); b = b.next()) {
-            const auto *data = dynamic_cast<const CBlockData *>(b.userData());
             QStringList ids;
-            if (data) {
+            if (const auto *data = dynamic_cast<const CBlockData *>(b.userData())) {
                 for (int id : data->remId.err)
                     ids << QString::number(id);
             }
             out << ids.join(QLatin1Char(','));
         }
-        return out;
-    }
-
-    QStringList rows() const
-    {
-        QStringList out;
         for (const QStandardItemModel *m : {&debug, &messages}) {
+            out << QStringLiteral("--");
             for (int r = 0; r < m->rowCount(); ++r) {
                 QStringList cells;
                 for (int c = 0; c < m->columnCount(); ++c)
                     cells << m->data(m->index(r, c), Qt::EditRole).toString();
                 out << cells.join(QLatin1Char('|'));
             }
-            out << QStringLiteral("--");
         }
         return out;
     }
 
-    int sortColumn = 0;
-    Qt::SortOrder sortOrder = Qt::DescendingOrder;
-    QStandardItemModel debug;
-    QStandardItemModel messages;
-    ReportStore *store = nullptr;
+    int sortColumn;
+    QStandardItemModel debug{0, ReportStore::DebugColumns};
+    QStandardItemModel messages{0, ReportStore::MessagesColumns};
+    ReportStore store{&debug, &messages};
     QTextDocument doc;
     MslSyntaxHighlighter *hl = nullptr;
 };
 
 } // namespace
 
-class TestSinglePassLoad : public QObject
+class AnalyserSinglePassLoad : public QObject
 {
     Q_OBJECT
 
@@ -119,7 +100,7 @@ private slots:
     void laterEditsAgree();
 };
 
-void TestSinglePassLoad::sameEndState_data()
+void AnalyserSinglePassLoad::sameEndState_data()
 {
     QTest::addColumn<QString>("script");
     QTest::addColumn<int>("others");
@@ -145,7 +126,7 @@ void TestSinglePassLoad::sameEndState_data()
     QTest::newRow("notes only") << QStringLiteral("; todo: a\n; fixme: b\n") << 1 << 2 << 2 << 2;
 }
 
-void TestSinglePassLoad::sameEndState()
+void AnalyserSinglePassLoad::sameEndState()
 {
     QFETCH(QString, script);
     QFETCH(int, others);
@@ -153,32 +134,25 @@ void TestSinglePassLoad::sameEndState()
     QFETCH(int, reports);
     QFETCH(int, shift);
 
-    Loader two;
-    two.sortColumn = sortColumn;
-    two.fileOthers(others);
-    two.loadTwoPasses(script);
-
-    Loader one;
-    one.sortColumn = sortColumn;
-    one.fileOthers(others);
-    QCOMPARE(one.loadOnePass(script), shift);
-    QCOMPARE(two.store->count() - others, reports);
-
-    QCOMPARE(one.recordIds(), two.recordIds());
-    QCOMPARE(one.rows(), two.rows());
-    QCOMPARE(one.store->ids(), two.store->ids());
-    QCOMPARE(one.store->nextId(), two.store->nextId());
+    Loader two(sortColumn, others);
+    two.load(script, false);
+    Loader one(sortColumn, others);
+    QCOMPARE(one.load(script, true), shift);
+    QCOMPARE(two.store.count() - others, reports);
+    QCOMPARE(one.state(), two.state());
+    QCOMPARE(one.store.ids(), two.store.ids());
+    QCOMPARE(one.store.nextId(), two.store.nextId());
 }
 
-void TestSinglePassLoad::laterEditsAgree()
+void AnalyserSinglePassLoad::laterEditsAgree()
 {
     // After the load both documents go on alike: an edit withdraws and files
     // the same ids.
     const QString script = QStringLiteral("alias a {\n  echo $len(a,b)\n}\nalias b { echo $mid(x }\n");
-    Loader two;
-    two.loadTwoPasses(script);
-    Loader one;
-    one.loadOnePass(script);
+    Loader two(0);
+    two.load(script, false);
+    Loader one(0);
+    one.load(script, true);
     for (Loader *l : {&two, &one}) {
         QTextCursor c(l->doc.findBlockByNumber(1));
         c.movePosition(QTextCursor::EndOfBlock);
@@ -187,9 +161,8 @@ void TestSinglePassLoad::laterEditsAgree()
         c.select(QTextCursor::BlockUnderCursor);
         c.removeSelectedText();
     }
-    QCOMPARE(one.recordIds(), two.recordIds());
-    QCOMPARE(one.rows(), two.rows());
+    QCOMPARE(one.state(), two.state());
 }
 
-QTEST_MAIN(TestSinglePassLoad)
+TARNWICK_TEST(AnalyserSinglePassLoad);
 #include "tst_singlepassload.moc"

@@ -71,6 +71,26 @@ QList<HarnessReport> AnalyserHarness::reportsOn(int line) const
     return out;
 }
 
+QString AnalyserHarness::bookkeepingFault() const
+{
+    QList<int> held, ids;
+    for (QTextBlock b = doc.firstBlock(); b.isValid(); b = b.next()) {
+        const auto *rec = dynamic_cast<const CBlockData *>(b.userData());
+        if (!rec)
+            return QStringLiteral("line %1 has no record").arg(b.blockNumber() + 1);
+        held << rec->remId.err;
+    }
+    for (const HarnessReport &r : standing)
+        ids << r.id;
+    std::sort(held.begin(), held.end());
+    std::sort(ids.begin(), ids.end());
+    if (held == ids)
+        return {};
+    return QStringLiteral("the records hold %1 report ids, not the %2 standing")
+        .arg(held.size())
+        .arg(ids.size());
+}
+
 int AnalyserHarness::state(int block) const
 {
     return doc.findBlockByNumber(block).userState();
@@ -97,24 +117,6 @@ QTextCharFormat AnalyserHarness::formatAt(int block, int col) const
             return r.format;
     }
     return QTextCharFormat();
-}
-
-bool AnalyserHarness::hasFormat(int block, int start, int length,
-                                const QTextCharFormat &fmt) const
-{
-    for (int c = start; c < start + length; ++c) {
-        if (formatAt(block, c) != fmt)
-            return false;
-    }
-    return true;
-}
-
-bool AnalyserHarness::isPlain(int block) const
-{
-    const auto ranges = formats(block);
-    return std::all_of(ranges.begin(), ranges.end(), [](const QTextLayout::FormatRange &r) {
-        return r.length == 0 || r.format == QTextCharFormat();
-    });
 }
 
 QString AnalyserHarness::formatName(const QTextCharFormat &fmt)

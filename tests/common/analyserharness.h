@@ -54,6 +54,9 @@ public:
     QStringList briefs() const;
     // Reports standing now whose line is `line` (1-based).
     QList<HarnessReport> reportsOn(int line) const;
+    // Empty while every line has its record and the ids the records hold
+    // are exactly the reports standing; else what is wrong.
+    QString bookkeepingFault() const;
     int withdrawnCount() const { return withdrawn; }
     int emittedCount() const { return emitted; }
 
@@ -63,10 +66,6 @@ public:
     QVector<QTextLayout::FormatRange> formats(int block) const;
     // The format the analyser left at one column, or an empty format.
     QTextCharFormat formatAt(int block, int col) const;
-    // True if every column of [start, start+length) carries `fmt`.
-    bool hasFormat(int block, int start, int length, const QTextCharFormat &fmt) const;
-    // True if no column of the line carries any analyser format.
-    bool isPlain(int block) const;
 
     // Name of the DevSettings format equal to `fmt`, "none" for an empty
     // one, "other" when no member matches.
