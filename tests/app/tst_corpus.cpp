@@ -7,10 +7,11 @@
 //
 // The sums cover chunks of the results, so a failure names the lines that
 // changed. After a deliberate change of behaviour, rewrite the file with
-//   TARNWICK_UPDATE_CORPUS_SUMS=1 app_tst_corpus
+//   TARNWICK_UPDATE_CORPUS_SUMS=1 tst_app TestCorpus
 // and explain the difference in the commit.
 
-#include "spinetestsupport.h"
+#include "appsupport.h"
+#include "testsuite.h"
 
 #include <QCryptographicHash>
 #include <QJsonArray>
@@ -209,5 +210,5 @@ void TestCorpus::resultsUnchanged()
     QVERIFY2(differing.isEmpty(), qPrintable(differing.mid(0, 10).join(QLatin1Char('\n'))));
 }
 
-QTEST_MAIN(TestCorpus)
+TARNWICK_TEST(TestCorpus);
 #include "tst_corpus.moc"
