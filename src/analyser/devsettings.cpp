@@ -206,16 +206,6 @@ int DevSettings::commandMatchLength(QStringView word)
     return pos;
 }
 
-int DevSettings::commandPatternMatchLength(const QString &word)
-{
-    for (const QRegularExpression &rx : std::as_const(cmdRgx)) {
-        const QRegularExpressionMatch m = rx.match(word);
-        if (m.hasMatch())
-            return m.capturedLength();
-    }
-    return -1;
-}
-
 void DevSettings::buildFormats()
 {
     const QColor commentGreen(102, 153, 51);

@@ -20,8 +20,6 @@ public:
     // (prefix characters included), or -1. Answered from the set of names,
     // with the same result as walking cmdRgx.
     static int commandMatchLength(QStringView word);
-    // The same by walking cmdRgx in order; the reference for the above.
-    static int commandPatternMatchLength(const QString &word);
     // The name of the format member `format` looks like ("cmdFmt" and so
     // on), the first of several alike; "other" for none of them.
     static QString formatName(const QTextCharFormat &format);
