@@ -122,7 +122,9 @@ QString recordField(const CBlockData *r, const QString &key)
                 + QString::asprintf("|%d|%d|%d|%d|", id.start, id.end, id.proppos, id.hasPayload)
                 + args.join(QLatin1Char(',')) + QString::asprintf("|%d", id.possibleIdent);
     }
-    const auto yesNo = [](bool b) { return b ? QStringLiteral("yes") : QStringLiteral("no"); };
+    const auto yesNo = [](bool b) {
+        return b ? QStringLiteral("yes") : QStringLiteral("no");
+    };
     const char *const types[] = {"none", "alias", "dialog", "event"};
     const char *const groups[] = {"no", "opens", "closes"};
     const bool plainGroup = r->isGroup == (r->groupState != 0) && uint(r->groupState) < 3;
@@ -135,8 +137,9 @@ QString recordField(const CBlockData *r, const QString &key)
         {"multiline", yesNo(r->isMultiLine)},
         {"connected", yesNo(r->isConnected)},
         {"idents", idents.join(QStringLiteral(" ; "))},
-        {"group", plainGroup ? QString::fromLatin1(groups[r->groupState])
-                             : QStringLiteral("mark %1, state %2").arg(r->isGroup).arg(r->groupState)},
+        {"group",
+         plainGroup ? QString::fromLatin1(groups[r->groupState])
+                    : QStringLiteral("mark %1, state %2").arg(r->isGroup).arg(r->groupState)},
     };
     return fields.value(key, QStringLiteral("unknown key `%1'").arg(key));
 }
@@ -146,8 +149,10 @@ QString actual(AnalyserHarness &h, const Check &k, int emitted, int withdrawn)
     if (k.key == QLatin1String("reports")) {
         QStringList out;
         for (const HarnessReport &r : h.reports()) {
-            out << QStringLiteral("%1:%2 %3 [%4]").arg(r.line).arg(r.col).arg(
-                ScriptLinter::kindName(r.type), r.block)
+            out << QStringLiteral("%1:%2 %3 [%4]")
+                        .arg(r.line)
+                        .arg(r.col)
+                        .arg(ScriptLinter::kindName(r.type), r.block)
                     + (r.message.isEmpty() ? QString() : QLatin1Char(' ') + r.message);
         }
         return out.join(QLatin1Char('\n'));
@@ -249,9 +254,9 @@ void rewrite(const QString &path)
             const Check &k = c.checks.at(n);
             QString &line = out[k.at];
             if (k.key == QLatin1String("reports")) {
-                line = got.at(n).isEmpty() ? QStringLiteral("reports: none")
-                                           : QStringLiteral("reports:\n  ")
-                                                 + got.at(n).split('\n').join("\n  ");
+                line = got.at(n).isEmpty()
+                    ? QStringLiteral("reports: none")
+                    : QStringLiteral("reports:\n  ") + got.at(n).split('\n').join("\n  ");
                 for (int i = k.at + 1; i <= k.end; ++i)
                     out[i] = QStringLiteral("\x01");
             } else {
@@ -315,7 +320,9 @@ void AnalyserCases::cases()
         const Check &k = c.checks.at(n);
         if (got.at(n) != k.expected)
             wrong << QStringLiteral("%1:%2:\n  expected: %3\n  actual:   %4")
-                         .arg(QFileInfo(path).fileName()).arg(k.at + 1).arg(k.expected, got.at(n));
+                         .arg(QFileInfo(path).fileName())
+                         .arg(k.at + 1)
+                         .arg(k.expected, got.at(n));
     }
     QVERIFY2(wrong.isEmpty(), qPrintable(wrong.join(QLatin1Char('\n'))));
 }

@@ -115,17 +115,17 @@ private slots:
     {
         int keywords = 0;
         QString wrong;
-        forEachVariant({"var", "else", "if", "elseif", "while", "/.!.var", "..else", "!!!!if",
-                        "!!!!!if"},
-                       chars, [&](const QString &word) {
-            const bool var = matchesAtStart(DevSettings::varRgx, word);
-            const bool elseWord = matchesAtStart(DevSettings::ctrlElseRgx, word);
-            const bool ctrl = matchesAtStart(DevSettings::ctrlRgx, word);
-            keywords += var + elseWord + ctrl;
-            if (isVarKeyword(word) != var || isElseKeyword(word) != elseWord
-                || isCtrlKeyword(word) != ctrl)
-                wrong = word;
-        });
+        forEachVariant(
+            {"var", "else", "if", "elseif", "while", "/.!.var", "..else", "!!!!if", "!!!!!if"},
+            chars, [&](const QString &word) {
+                const bool var = matchesAtStart(DevSettings::varRgx, word);
+                const bool elseWord = matchesAtStart(DevSettings::ctrlElseRgx, word);
+                const bool ctrl = matchesAtStart(DevSettings::ctrlRgx, word);
+                keywords += var + elseWord + ctrl;
+                if (isVarKeyword(word) != var || isElseKeyword(word) != elseWord
+                    || isCtrlKeyword(word) != ctrl)
+                    wrong = word;
+            });
         QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
         QVERIFY(keywords > 100);
 

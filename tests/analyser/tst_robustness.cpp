@@ -21,7 +21,9 @@ int budgetReports(const AnalyserHarness &h, int line)
 {
     int n = 0;
     for (const HarnessReport &r : h.reportsOn(line))
-        n += r.message != tooComplex ? 0 : r.type == 2 && r.block == QLatin1String("block") ? 1 : 1000;
+        n += r.message != tooComplex                           ? 0
+            : r.type == 2 && r.block == QLatin1String("block") ? 1
+                                                               : 1000;
     return n;
 }
 
@@ -37,7 +39,8 @@ QString repeated(const QString &head, const QString &piece, int times, const QSt
 void checkReportsStand(AnalyserHarness &h, const QString &what)
 {
     for (const HarnessReport &r : h.reports())
-        QVERIFY2(r.line >= 1 && r.line <= h.document()->blockCount() && r.col >= 0, qPrintable(what));
+        QVERIFY2(r.line >= 1 && r.line <= h.document()->blockCount() && r.col >= 0,
+                 qPrintable(what));
     QVERIFY2(h.bookkeepingFault().isEmpty(), qPrintable(what + h.bookkeepingFault()));
 }
 
@@ -83,9 +86,11 @@ private slots:
         // line is marked.
         for (const HarnessReport &r : h.reportsOn(2)) {
             if (r.message == tooComplex && r.col < line.size())
-                QCOMPARE(AnalyserHarness::formatName(h.formatAt(1, r.col)), QLatin1String("errFmt"));
+                QCOMPARE(AnalyserHarness::formatName(h.formatAt(1, r.col)),
+                         QLatin1String("errFmt"));
         }
-        QCOMPARE(AnalyserHarness::formatName(h.formatAt(1, line.size() - 1)), QLatin1String("errFmt"));
+        QCOMPARE(AnalyserHarness::formatName(h.formatAt(1, line.size() - 1)),
+                 QLatin1String("errFmt"));
         // Below the line the analysis goes on as usual.
         QCOMPARE(h.state(2) == 1, closes);
         QCOMPARE(h.record(3)->containedBlock, QString(closes ? "y" : ""));
@@ -143,7 +148,8 @@ private slots:
         AnalyserHarness h;
         h.setLines({QStringLiteral("alias x {"), line, QStringLiteral("}")});
         QCOMPARE(budgetReports(h, 2), 0);
-        QCOMPARE(AnalyserHarness::formatName(h.formatAt(1, line.size() - 2)), QLatin1String("varFmt"));
+        QCOMPARE(AnalyserHarness::formatName(h.formatAt(1, line.size() - 2)),
+                 QLatin1String("varFmt"));
         QCOMPARE(h.state(2), 1);
 
         QStringList lines;
@@ -170,8 +176,8 @@ private slots:
             << QByteArray("alias x {\n echo \xff\xfe \xc3( $a(\x80 }\n\x80\x81 /* \xed\xa0\x80\n");
         QTest::newRow("CR-only line ends")
             << QByteArray("alias x {\r echo $a(b)\r}\r#g on\r/* x\r*/ y\r on *:text:*:#:{\r");
-        QTest::newRow("mixed line ends")
-            << QByteArray("alias x {\r\n echo a\n}\r#g on\r\n#g end\n\r\ndialog d {\r title \"x\"\n}");
+        QTest::newRow("mixed line ends") << QByteArray(
+            "alias x {\r\n echo a\n}\r#g on\r\n#g end\n\r\ndialog d {\r title \"x\"\n}");
         QTest::newRow("NULs in code")
             << QByteArrayLiteral("alias \0x {\n echo $a(\0,\0)\0\n\0}\n#g\0");
         QTest::newRow("only separators")
@@ -213,8 +219,8 @@ private slots:
              "dialog d {\n/*"},
         };
         const QString alphabets[] = {
-            QStringLiteral("   {}|$%;/*#:,()-aeclosrmnvigdx\t\u00e9\ufffd\n\n\n")
-                + QChar(0xD800) + QChar(0xDC00) + QChar(char16_t(0)),
+            QStringLiteral("   {}|$%;/*#:,()-aeclosrmnvigdx\t\u00e9\ufffd\n\n\n") + QChar(0xD800)
+                + QChar(0xDC00) + QChar(char16_t(0)),
             QStringLiteral(":::,,,*#?%$() a1-@=!{}"),
             QStringLiteral(" ,,\"$%()}{a1-:;/*\t"),
         };

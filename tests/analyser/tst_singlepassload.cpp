@@ -25,20 +25,21 @@ public:
     {
         doc.setDocumentLayout(new QPlainTextDocumentLayout(&doc));
         hl = new MslSyntaxHighlighter(&doc);
-        QObject::connect(hl, &MslSyntaxHighlighter::updateError, &store,
-                         [this](int line, int col, QString file, QString block, QString,
-                                int type, QString message, int &id) {
-                             id = store.addReport(line, col, file, block, type, message,
-                                                  this->sortColumn, Qt::DescendingOrder);
-                         },
-                         Qt::DirectConnection);
-        QObject::connect(hl, &MslSyntaxHighlighter::removeError, &store,
-                         [this](QVector<int> &ids) { store.removeReports(ids); },
-                         Qt::DirectConnection);
+        QObject::connect(
+            hl, &MslSyntaxHighlighter::updateError, &store,
+            [this](int line, int col, QString file, QString block, QString, int type,
+                   QString message, int &id) {
+                id = store.addReport(line, col, file, block, type, message, this->sortColumn,
+                                     Qt::DescendingOrder);
+            },
+            Qt::DirectConnection);
+        QObject::connect(
+            hl, &MslSyntaxHighlighter::removeError, &store,
+            [this](QVector<int> &ids) { store.removeReports(ids); }, Qt::DirectConnection);
         // Reports standing before the load, as another tab's would.
         for (int i = 0; i < others; ++i)
-            store.addReport(i + 1, 0, QStringLiteral("/scripts/other.mrc"), QStringLiteral("x"),
-                            3, QStringLiteral("other"), sortColumn, Qt::DescendingOrder);
+            store.addReport(i + 1, 0, QStringLiteral("/scripts/other.mrc"), QStringLiteral("x"), 3,
+                            QStringLiteral("other"), sortColumn, Qt::DescendingOrder);
     }
 
     // Loads as a tab does; one pass returns what settling shifted.
@@ -112,13 +113,15 @@ void AnalyserSinglePassLoad::sameEndState_data()
         "alias a {\n  echo -a $len(a,b)\n  ; todo: one\n}\nalias b { echo $mid(x }\n"
         "rem old\non *:text:*:#: { echo $chan(#).nosuch }\n");
     QTest::newRow("empty") << QString() << 0 << 0 << 0 << 0;
-    QTest::newRow("clean script") << QStringLiteral("alias a {\n  echo -a hi\n}\n") << 3 << 0 << 0 << 0;
+    QTest::newRow("clean script") << QStringLiteral("alias a {\n  echo -a hi\n}\n") << 3 << 0 << 0
+                                  << 0;
     QTest::newRow("one report") << QStringLiteral("alias a { echo $len(a,b) }") << 0 << 0 << 1 << 0;
     QTest::newRow("several on one line")
-        << QStringLiteral("alias a { echo $len(a,b) $mid(x) $chan(#).nosuch } ; fixme: x")
-        << 2 << 1 << 11 << 0;
+        << QStringLiteral("alias a { echo $len(a,b) $mid(x) $chan(#).nosuch } ; fixme: x") << 2 << 1
+        << 11 << 0;
     QTest::newRow("one line among clean ones")
-        << QStringLiteral("alias a {\n  echo ok\n  echo $len(a,b) $left(x)\n}\n") << 0 << 0 << 2 << 0;
+        << QStringLiteral("alias a {\n  echo ok\n  echo $len(a,b) $left(x)\n}\n") << 0 << 0 << 2
+        << 0;
     QTest::newRow("many lines") << manyLines << 0 << 0 << 5 << 5;
     QTest::newRow("many lines, others standing") << manyLines << 4 << 0 << 5 << 5;
     QTest::newRow("many lines, sorted on line") << manyLines << 4 << 1 << 5 << 5;
@@ -148,7 +151,8 @@ void AnalyserSinglePassLoad::laterEditsAgree()
 {
     // After the load both documents go on alike: an edit withdraws and files
     // the same ids.
-    const QString script = QStringLiteral("alias a {\n  echo $len(a,b)\n}\nalias b { echo $mid(x }\n");
+    const QString script
+        = QStringLiteral("alias a {\n  echo $len(a,b)\n}\nalias b { echo $mid(x }\n");
     Loader two(0);
     two.load(script, false);
     Loader one(0);

@@ -22,7 +22,8 @@ class MainWindowTestAccess
 public:
     // With no window given, it makes one of its own.
     explicit MainWindowTestAccess(MainWindow *window = nullptr)
-        : own(window ? nullptr : new MainWindow), w(window ? window : own.get()) {}
+        : own(window ? nullptr : new MainWindow), w(window ? window : own.get())
+    { }
     MainWindow &window() const { return *w; }
 
     QTabWidget *tabs() const { return w->mdiContainer; }
@@ -40,7 +41,8 @@ public:
 
     void newFile() { w->newFile(); }
     void openFile(const QString &path, bool readOnly) { w->openFile(QFileInfo(path), readOnly); }
-    int report(int line, int col, const QString &file, const QString &block, int type, const QString &message)
+    int report(int line, int col, const QString &file, const QString &block, int type,
+               const QString &message)
     {
         int id = 0;
         w->updateError(line, col, file, block, "???", type, message, id);
@@ -48,8 +50,14 @@ public:
     }
     void removeError(QVector<int> ids) { w->removeError(ids); }
     void editorFclosed(const QString &path) { w->editorFclosed(QFileInfo(path)); }
-    void reportMenu(bool debug) { debug ? w->customDebugMenu(QPoint(2, 2)) : w->customMessageMenu(QPoint(2, 2)); }
-    void doubleClick(bool debug, const QModelIndex &index) { debug ? w->debugDClick(index) : w->statusDClick(index); }
+    void reportMenu(bool debug)
+    {
+        debug ? w->customDebugMenu(QPoint(2, 2)) : w->customMessageMenu(QPoint(2, 2));
+    }
+    void doubleClick(bool debug, const QModelIndex &index)
+    {
+        debug ? w->debugDClick(index) : w->statusDClick(index);
+    }
     void addBuilder()
     {
         auto *builder = new MdiChildBuilder(w->mdiContainer);
@@ -72,14 +80,26 @@ private:
     MainWindow *w;
 };
 
-inline void redirectSettings(const QString &dir) { QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, dir); }
-inline QSettings openSettings(const QString &name) { return QSettings(QSettings::IniFormat, QSettings::UserScope, "Tarnwick", name); }
-inline void initialiseAnalyser() { static const bool done = (DevSettings::InitializeAllSettings(), true); Q_UNUSED(done); }
+inline void redirectSettings(const QString &dir)
+{
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, dir);
+}
+inline QSettings openSettings(const QString &name)
+{
+    return QSettings(QSettings::IniFormat, QSettings::UserScope, "Tarnwick", name);
+}
+inline void initialiseAnalyser()
+{
+    static const bool done = (DevSettings::InitializeAllSettings(), true);
+    Q_UNUSED(done);
+}
 
 inline QString writeFile(const QString &path, const QByteArray &bytes)
 {
     QFile f(path);
-    return f.open(QIODevice::WriteOnly | QIODevice::Truncate) && f.write(bytes) == bytes.size() ? path : QString();
+    return f.open(QIODevice::WriteOnly | QIODevice::Truncate) && f.write(bytes) == bytes.size()
+        ? path
+        : QString();
 }
 
 inline QByteArray readFile(const QString &path)
@@ -120,12 +140,17 @@ public:
         return [which, row](QWidget *w) {
             if (row >= 0)
                 w->findChild<QListWidget *>()->setCurrentRow(row);
-            w->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::StandardButton(which))->click();
+            w->findChild<QDialogButtonBox *>()
+                ->button(QDialogButtonBox::StandardButton(which))
+                ->click();
         };
     }
     static Answer firstEntry()
     {
-        return [](QWidget *menu) { QTest::keyClick(menu, Qt::Key_Down); QTest::keyClick(menu, Qt::Key_Return); };
+        return [](QWidget *menu) {
+            QTest::keyClick(menu, Qt::Key_Down);
+            QTest::keyClick(menu, Qt::Key_Return);
+        };
     }
 
     QStringList seen;
@@ -133,7 +158,8 @@ public:
 private:
     void poll()
     {
-        QWidget *w = QApplication::activePopupWidget() ? QApplication::activePopupWidget() : QApplication::activeModalWidget();
+        QWidget *w = QApplication::activePopupWidget() ? QApplication::activePopupWidget()
+                                                       : QApplication::activeModalWidget();
         if (!w || w == last)
             return;
         last = w;
@@ -141,7 +167,8 @@ private:
         for (QAction *a : w->actions())
             entries << a->text();
         auto *box = qobject_cast<QMessageBox *>(w);
-        seen << (qobject_cast<QMenu *>(w) ? "menu:" + entries.join('|') : w->windowTitle() + '|' + (box ? box->text() : ""));
+        seen << (qobject_cast<QMenu *>(w) ? "menu:" + entries.join('|')
+                                          : w->windowTitle() + '|' + (box ? box->text() : ""));
         if (!pending.isEmpty())
             pending.takeFirst()(w);
         else

@@ -110,8 +110,9 @@ void TestCorpus::generateCorpus()
     corpus = files.filePath(QStringLiteral("corpus.mrc"));
     QProcess gen;
     gen.setStandardOutputFile(corpus);
-    gen.start(python, {QStringLiteral(TARNWICK_SOURCE_DIR "/bench/gen_corpus.py"),
-                       QString::number(CorpusLines), QString::number(CorpusSeed)});
+    gen.start(python,
+              {QStringLiteral(TARNWICK_SOURCE_DIR "/bench/gen_corpus.py"),
+               QString::number(CorpusLines), QString::number(CorpusSeed)});
     QVERIFY(gen.waitForFinished(120000));
     QCOMPARE(gen.exitStatus(), QProcess::NormalExit);
     QCOMPARE(gen.exitCode(), 0);
@@ -197,8 +198,8 @@ void TestCorpus::resultsUnchanged()
 
     QFile in(sumsPath());
     QVERIFY2(in.open(QIODevice::ReadOnly | QIODevice::Text), qPrintable(sumsPath()));
-    const QStringList expected = QString::fromUtf8(in.readAll()).split(QLatin1Char('\n'),
-                                                                       Qt::SkipEmptyParts);
+    const QStringList expected
+        = QString::fromUtf8(in.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     const QStringList actual = sums.text().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     QStringList differing;
     for (int i = 0; i < std::max(expected.size(), actual.size()); ++i) {

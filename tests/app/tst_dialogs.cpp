@@ -12,7 +12,11 @@ class TestDialogs : public QObject
 
 private slots:
     void initTestCase() { QVERIFY(settingsDir.isValid()); }
-    void init() { QDir(settingsDir.path()).removeRecursively(); redirectSettings(settingsDir.path()); }
+    void init()
+    {
+        QDir(settingsDir.path()).removeRecursively();
+        redirectSettings(settingsDir.path());
+    }
 
     // Ok needs a picked tool; a double click picks one.
     void chooser()
@@ -36,7 +40,10 @@ private slots:
         MainWindowTestAccess a;
         QList<QWidget *> seen;
         for (int i = 0; i < 2; ++i) {
-            NestedLoopDriver driver({[&seen](QWidget *box) { seen << box; box->findChild<QPushButton *>()->click(); }});
+            NestedLoopDriver driver({[&seen](QWidget *box) {
+                seen << box;
+                box->findChild<QPushButton *>()->click();
+            }});
             a.entry("&Help", "&About")->trigger();
         }
         QVERIFY(qobject_cast<AboutDialog *>(seen.value(0)) && seen.value(1) == seen.value(0));
@@ -50,7 +57,8 @@ private slots:
         SelectDDE d;
         QListWidget *list = d.findChild<QListWidget *>();
         // Add and Delete, then the box's Ok.
-        const QList<QPushButton *> buttons = d.findChildren<QPushButton *>(QString(), Qt::FindDirectChildrenOnly)
+        const QList<QPushButton *> buttons
+            = d.findChildren<QPushButton *>(QString(), Qt::FindDirectChildrenOnly)
             << d.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok);
         buttons[1]->click();
         list->setCurrentRow(0);
@@ -59,7 +67,8 @@ private slots:
         for (const char *name : {"mirc", "", "second", "mirc"}) {
             NestedLoopDriver driver({[name](QWidget *w) {
                 auto *input = qobject_cast<QInputDialog *>(w);
-                input->setTextValue(name); *name ? input->accept() : input->reject();
+                input->setTextValue(name);
+                *name ? input->accept() : input->reject();
             }});
             buttons[0]->click();
             QVERIFY(driver.seen.value(0).startsWith("DDE Server Name|"));

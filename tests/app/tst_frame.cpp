@@ -10,14 +10,19 @@ class TestFrame : public QObject
 private slots:
     void initTestCase() { QVERIFY(settingsDir.isValid() && dir.isValid()); }
     // Every test starts as a first run.
-    void init() { QDir(settingsDir.path()).removeRecursively(); redirectSettings(settingsDir.path()); }
+    void init()
+    {
+        QDir(settingsDir.path()).removeRecursively();
+        redirectSettings(settingsDir.path());
+    }
 
     void settingsLastToTheNextStart()
     {
         QRect geometry;
         {
             MainWindowTestAccess a;
-            QVERIFY(!a.reportDock()->isHidden() && a.syncDock()->isHidden() && !a.entry("&View", "Word wrap")->isChecked());
+            QVERIFY(!a.reportDock()->isHidden() && a.syncDock()->isHidden()
+                    && !a.entry("&View", "Word wrap")->isChecked());
             QVERIFY(!QFile::exists(settingsDir.filePath("Tarnwick/settings.ini")));
             a.window().setGeometry(100, 100, 640, 480);
             a.window().show();
@@ -29,12 +34,16 @@ private slots:
             QVERIFY(a.window().close());
         }
         QSettings settings = openSettings("settings"), general = openSettings("general");
-        QCOMPARE(QStringList({settings.value("msgBar").toString(), settings.value("wordWrap").toString(),
-                              settings.value("syncBar").toString()}), QStringList({"false", "true", "false"}));
-        QVERIFY(!general.value("initGeo").toByteArray().isEmpty() && !general.value("initState").toByteArray().isEmpty());
+        QCOMPARE(
+            QStringList({settings.value("msgBar").toString(), settings.value("wordWrap").toString(),
+                         settings.value("syncBar").toString()}),
+            QStringList({"false", "true", "false"}));
+        QVERIFY(!general.value("initGeo").toByteArray().isEmpty()
+                && !general.value("initState").toByteArray().isEmpty());
         MainWindowTestAccess b;
         QCOMPARE(b.window().geometry(), geometry);
-        QVERIFY(!b.entry("&Window", "Debug Window")->isChecked() && b.reportDock()->isHidden() && b.syncDock()->isHidden());
+        QVERIFY(!b.entry("&Window", "Debug Window")->isChecked() && b.reportDock()->isHidden()
+                && b.syncDock()->isHidden());
         QVERIFY(b.entry("&View", "Word wrap")->isChecked());
         b.openFile(writeFile(dir.filePath("wrap.mrc"), ""), false);
         MslTextEditor *editor = b.editors().first()->getEditor();

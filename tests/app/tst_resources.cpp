@@ -14,14 +14,17 @@ private slots:
     void everyNamedImageLoads()
     {
         QString sources;
-        for (QDirIterator it(TARNWICK_SOURCE_DIR "/src", {"*.cpp", "*.h"}, QDir::Files, QDirIterator::Subdirectories); it.hasNext();) {
+        for (QDirIterator it(TARNWICK_SOURCE_DIR "/src", {"*.cpp", "*.h"}, QDir::Files,
+                             QDirIterator::Subdirectories);
+             it.hasNext();) {
             QFile f(it.next());
             sources += f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()) : QString();
         }
         QStringList folders, named;
         for (const auto &m : QRegularExpression("\"(:/[^\"]*/)\"").globalMatch(sources))
             folders << m.captured(1);
-        for (const auto &m : QRegularExpression("\"(:/[^\"]+|[\\w.-]+)\\.(png|bmp)\"").globalMatch(sources)) {
+        for (const auto &m :
+             QRegularExpression("\"(:/[^\"]+|[\\w.-]+)\\.(png|bmp)\"").globalMatch(sources)) {
             const QString name = m.captured(1) + '.' + m.captured(2);
             QStringList here;
             for (const QString &folder : name.startsWith(':') ? QStringList{""} : folders)
@@ -40,7 +43,11 @@ private slots:
             flat.fill(image.isNull() ? 0 : image.pixel(0, 0));
             QVERIFY2(format == path.right(3).toLatin1() && image.width() == image.height()
                          && (image.width() == 16 || image.width() == 32) && image != flat,
-                     qPrintable(QStringLiteral("%1 %2 %3x%4 %5").arg(path, format).arg(image.width()).arg(image.height()).arg(image == flat)));
+                     qPrintable(QStringLiteral("%1 %2 %3x%4 %5")
+                                    .arg(path, format)
+                                    .arg(image.width())
+                                    .arg(image.height())
+                                    .arg(image == flat)));
         }
     }
 };

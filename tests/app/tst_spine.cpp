@@ -8,7 +8,12 @@ class TestSpine : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase() { QVERIFY(files.isValid()); redirectSettings(files.filePath("settings")); initialiseAnalyser(); }
+    void initTestCase()
+    {
+        QVERIFY(files.isValid());
+        redirectSettings(files.filePath("settings"));
+        initialiseAnalyser();
+    }
 
     // Scripts and builders take the next Untitled number, never twice.
     void newFromTheChooser()
@@ -16,13 +21,18 @@ private slots:
         MainWindowTestAccess a;
         a.entry("&View", "Word wrap")->setChecked(true);
         const auto ok = NestedLoopDriver::press(QMessageBox::Ok);
-        const auto row = [](int row) { return NestedLoopDriver::press(QDialogButtonBox::Ok, row); };
-        NestedLoopDriver driver({row(4), row(0), ok, row(1), ok, row(2), ok, row(3), ok, row(5), ok, NestedLoopDriver::press(QDialogButtonBox::Cancel),
+        const auto row = [](int row) {
+            return NestedLoopDriver::press(QDialogButtonBox::Ok, row);
+        };
+        NestedLoopDriver driver({row(4), row(0), ok, row(1), ok, row(2), ok, row(3), ok, row(5), ok,
+                                 NestedLoopDriver::press(QDialogButtonBox::Cancel),
                                  [](QWidget *chooser) { chooser->close(); }, ok, row(4)});
         for (int i = 0; i < 8; ++i)
             a.newFile();
         QCOMPARE(driver.seen.filter("Choose A Tool").size(), 8);
-        QCOMPARE(driver.seen.filter("Unsupported Feature|This feature is currently unsupported.").size(), 5);
+        QCOMPARE(
+            driver.seen.filter("Unsupported Feature|This feature is currently unsupported.").size(),
+            5);
         QVERIFY(driver.seen.at(4).contains("pre-alpha"));
         QVERIFY(a.tabs()->count() == 2 && a.tabs()->widget(1) == a.builders().value(0));
         QCOMPARE(a.tabs()->tabText(0) + a.tabs()->tabText(1), QStringLiteral("Untitled1Untitled2"));
@@ -47,13 +57,16 @@ private slots:
         a.openFile(file, false);
         a.openFile(ro, true);
         MslTextEditor *one = a.editors().at(0)->getEditor();
-        QCOMPARE(a.tabs()->tabText(0) + '|' + one->toPlainText(), QStringLiteral("one.mrc|alias a {\n  echo hi\n}\n"));
+        QCOMPARE(a.tabs()->tabText(0) + '|' + one->toPlainText(),
+                 QStringLiteral("one.mrc|alias a {\n  echo hi\n}\n"));
         auto *rec = static_cast<CBlockData *>(one->document()->firstBlock().userData());
         QVERIFY(!one->document()->isModified() && rec && rec->containedBlock == QLatin1String("a"));
         QVERIFY(a.editors().at(1)->getEditor()->isReadOnly() && a.current() == a.editors().at(1));
         const QString tabs = ":/tabbar/resources/img_assets/options/main/tabs/file";
-        QCOMPARE(a.tabs()->tabIcon(0).pixmap(16).toImage(), QIcon(tabs + ".png").pixmap(16).toImage());
-        QCOMPARE(a.tabs()->tabIcon(1).pixmap(16).toImage(), QIcon(tabs + "-read-only.png").pixmap(16).toImage());
+        QCOMPARE(a.tabs()->tabIcon(0).pixmap(16).toImage(),
+                 QIcon(tabs + ".png").pixmap(16).toImage());
+        QCOMPARE(a.tabs()->tabIcon(1).pixmap(16).toImage(),
+                 QIcon(tabs + "-read-only.png").pixmap(16).toImage());
         // Open already: its tab comes forward, with no reload and no change to read-only.
         writeFile(file, "changed on disk\n");
         a.openFile(file, true);
@@ -64,13 +77,14 @@ private slots:
     // An INI script opens as plain lines; bad files still give a tab, silently.
     void iniAndBrokenFiles()
     {
-        const QList<std::tuple<QString, QByteArray, QString>> cases = {
-            {"s.INI", "[script]\nn0=alias x\n\nplain\nn1=a=b\n", "alias x\n\nplain\na=b\n"},
-            {"missing.mrc", QByteArray(), QString()}, {"empty.mrc", "", QString()},
-            {"latin1.mrc", "echo caf\xe9\n", "echo caf\uFFFD\n"},
-            {"nul.mrc", QByteArray("alias a {\n  echo \0x\n}\n", 22), "*"},
-            {"cr.mrc", "alias a {\r  echo\r}\r", "*"},
-            {"bin.mrc", QByteArray::fromHex("00ff10fe7b7b7d0a2428282828").repeated(500), "*"}};
+        const QList<std::tuple<QString, QByteArray, QString>> cases
+            = {{"s.INI", "[script]\nn0=alias x\n\nplain\nn1=a=b\n", "alias x\n\nplain\na=b\n"},
+               {"missing.mrc", QByteArray(), QString()},
+               {"empty.mrc", "", QString()},
+               {"latin1.mrc", "echo caf\xe9\n", "echo caf\uFFFD\n"},
+               {"nul.mrc", QByteArray("alias a {\n  echo \0x\n}\n", 22), "*"},
+               {"cr.mrc", "alias a {\r  echo\r}\r", "*"},
+               {"bin.mrc", QByteArray::fromHex("00ff10fe7b7b7d0a2428282828").repeated(500), "*"}};
         for (const auto &[name, content, expected] : cases) {
             if (!content.isNull())
                 writeFile(files.filePath(name), content);

@@ -9,16 +9,20 @@
 
 // Enter, move to pos and drop, as a drag from the toolbox or from a control
 // delivers them; returns whether the surface took the drag on entering.
-inline bool replayDrag(QWidget *target, const QString &format, const QByteArray &data, const QPoint &pos)
+inline bool replayDrag(QWidget *target, const QString &format, const QByteArray &data,
+                       const QPoint &pos)
 {
     QMimeData mime;
     mime.setData(format, data);
-    QDragEnterEvent enter(pos, Qt::CopyAction | Qt::MoveAction, &mime, Qt::LeftButton, Qt::NoModifier);
+    QDragEnterEvent enter(pos, Qt::CopyAction | Qt::MoveAction, &mime, Qt::LeftButton,
+                          Qt::NoModifier);
     enter.ignore();
     QCoreApplication::sendEvent(target, &enter);
-    QDragMoveEvent move(pos, Qt::CopyAction | Qt::MoveAction, &mime, Qt::LeftButton, Qt::NoModifier);
+    QDragMoveEvent move(pos, Qt::CopyAction | Qt::MoveAction, &mime, Qt::LeftButton,
+                        Qt::NoModifier);
     QCoreApplication::sendEvent(target, &move);
-    QDropEvent drop(QPointF(pos), Qt::CopyAction | Qt::MoveAction, &mime, Qt::LeftButton, Qt::NoModifier);
+    QDropEvent drop(QPointF(pos), Qt::CopyAction | Qt::MoveAction, &mime, Qt::LeftButton,
+                    Qt::NoModifier);
     QCoreApplication::sendEvent(target, &drop);
     return enter.isAccepted();
 }

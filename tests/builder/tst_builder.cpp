@@ -22,7 +22,8 @@ private:
     static QWidget *drop(MdiChildBuilder &b, const QString &kind, const QPoint &pos)
     {
         replayDrag(b.dummyWindow, QStringLiteral("gui/") + kind, QByteArray(), pos);
-        return b.dummyWindow->components.isEmpty() ? nullptr : b.dummyWindow->components.last()->object;
+        return b.dummyWindow->components.isEmpty() ? nullptr
+                                                   : b.dummyWindow->components.last()->object;
     }
 
     static QAction *action(MdiChildBuilder &b, const char *text)
@@ -56,7 +57,8 @@ private slots:
             QCOMPARE(s->components.last()->type, kind);
             QCOMPARE(control->metaObject(), prototype->metaObject());
             QCOMPARE(control->geometry(), QRect(QPoint(8, 40), prototype->size()));
-            QVERIFY(!control->isHidden() && control->parentWidget() == s && s->focusedObject == control);
+            QVERIFY(!control->isHidden() && control->parentWidget() == s
+                    && s->focusedObject == control);
             QCOMPARE(b.activeObj, control);
             QCOMPARE(b.activeObjType, kind);
             if (auto *edit = qobject_cast<QLineEdit *>(control))
@@ -65,8 +67,11 @@ private slots:
                 QCOMPARE(bar->orientation(), qobject_cast<QScrollBar *>(prototype)->orientation());
         }
         // The prototypes themselves, by a few kinds.
-        QCOMPARE(qobject_cast<QLineEdit *>(s->prototypeFor(QStringLiteral("pass")))->echoMode(), QLineEdit::Password);
-        QCOMPARE(qobject_cast<QScrollBar *>(s->prototypeFor(QStringLiteral("vscroll")))->orientation(), Qt::Vertical);
+        QCOMPARE(qobject_cast<QLineEdit *>(s->prototypeFor(QStringLiteral("pass")))->echoMode(),
+                 QLineEdit::Password);
+        QCOMPARE(
+            qobject_cast<QScrollBar *>(s->prototypeFor(QStringLiteral("vscroll")))->orientation(),
+            Qt::Vertical);
         // A right press on a toolbox button neither drags nor presses it.
         press(buttons.first(), QPoint(3, 3), Qt::RightButton);
         QVERIFY(!buttons.first()->isDown());
@@ -75,7 +80,8 @@ private slots:
     void selectionMovesThePropertyBox()
     {
         MdiChildBuilder b;
-        auto *button = qobject_cast<QPushButton *>(drop(b, QStringLiteral("button"), QPoint(16, 16)));
+        auto *button
+            = qobject_cast<QPushButton *>(drop(b, QStringLiteral("button"), QPoint(16, 16)));
         QTest::keyClicks(b.textValue, QStringLiteral("Go"));
         QCOMPARE(button->text(), QStringLiteral("Go"));
         // A combo has no text to set: the box stays with the button, and
@@ -101,7 +107,8 @@ private slots:
         QCOMPARE(button->text(), QStringLiteral("Go"));
 
         // The status bar follows the mouse over the surface.
-        QMouseEvent move(QEvent::MouseMove, QPointF(17, 23), QPointF(17, 23), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QMouseEvent move(QEvent::MouseMove, QPointF(17, 23), QPointF(17, 23), Qt::NoButton,
+                         Qt::NoButton, Qt::NoModifier);
         QCoreApplication::sendEvent(b.dummyWindow, &move);
         QCOMPARE(b.mosPos->text(), QStringLiteral("  17, 23"));
     }
@@ -112,12 +119,17 @@ private slots:
     {
         MdiChildBuilder b;
         QAction *grid = action(b, "Show Grid");
-        const struct { QAction *action; int times, size; bool plus, minus, shown; } steps[] = {
-            { b.gridP, 10, 28, true, true, true }, { b.gridP, 1, 30, false, true, true },
-            { b.gridP, 1, 30, false, true, true }, { b.gridM, 1, 28, true, true, true },
-            { b.gridM, 11, 6, true, true, true },  { b.gridM, 1, 4, true, false, true },
-            { b.gridM, 1, 4, true, false, true },  { grid, 1, 4, false, false, false },
-            { grid, 1, 4, true, true, true },
+        const struct
+        {
+            QAction *action;
+            int times, size;
+            bool plus, minus, shown;
+        } steps[] = {
+            {b.gridP, 10, 28, true, true, true}, {b.gridP, 1, 30, false, true, true},
+            {b.gridP, 1, 30, false, true, true}, {b.gridM, 1, 28, true, true, true},
+            {b.gridM, 11, 6, true, true, true},  {b.gridM, 1, 4, true, false, true},
+            {b.gridM, 1, 4, true, false, true},  {grid, 1, 4, false, false, false},
+            {grid, 1, 4, true, true, true},
         };
         for (const auto &step : steps) {
             for (int i = 0; i < step.times; ++i)
@@ -138,7 +150,8 @@ private slots:
         align->trigger();
         QCOMPARE(drop(b, QStringLiteral("text"), QPoint(13, 17))->pos(), QPoint(8, 16));
 
-        auto *button = qobject_cast<QPushButton *>(drop(b, QStringLiteral("button"), QPoint(16, 16)));
+        auto *button
+            = qobject_cast<QPushButton *>(drop(b, QStringLiteral("button"), QPoint(16, 16)));
         QCOMPARE(b.label->text(), QStringLiteral("Object: Button Object"));
         b.objSlct->trigger();
         QCOMPARE(b.label->text(), QStringLiteral("Object: Dialog Object"));

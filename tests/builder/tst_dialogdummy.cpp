@@ -33,7 +33,8 @@ private:
         return s.components.isEmpty() ? nullptr : s.components.last()->object;
     }
 
-    static void drag(ReplaySurface &s, QWidget *source, const char *format, const QByteArray &data, const QPoint &pos)
+    static void drag(ReplaySurface &s, QWidget *source, const char *format, const QByteArray &data,
+                     const QPoint &pos)
     {
         s.replaySource = source;
         replayDrag(&s, QLatin1String(format), data, pos);
@@ -44,11 +45,16 @@ private slots:
     // Drops land on the grid square they fall in, whatever the grid size.
     void snapping()
     {
-        const struct { int steps; bool snap; QPoint dropAt, expected; } cases[] = {
-            { 0, true, { 13, 13 }, { 8, 8 } },   { 0, true, { 16, 31 }, { 16, 24 } },
-            { -2, true, { 13, 13 }, { 12, 12 } }, { -1, true, { 13, 17 }, { 12, 12 } },
-            { 1, true, { 13, 29 }, { 10, 20 } },  { 11, true, { 59, 61 }, { 30, 60 } },
-            { 0, false, { 13, 17 }, { 13, 17 } },
+        const struct
+        {
+            int steps;
+            bool snap;
+            QPoint dropAt, expected;
+        } cases[] = {
+            {0, true, {13, 13}, {8, 8}},    {0, true, {16, 31}, {16, 24}},
+            {-2, true, {13, 13}, {12, 12}}, {-1, true, {13, 17}, {12, 12}},
+            {1, true, {13, 29}, {10, 20}},  {11, true, {59, 61}, {30, 60}},
+            {0, false, {13, 17}, {13, 17}},
         };
         for (const auto &c : cases) {
             ReplaySurface s;
@@ -64,7 +70,7 @@ private slots:
 
     void moveKeepsPressOffset()
     {
-        for (bool snap : { true, false }) {
+        for (bool snap : {true, false}) {
             ReplaySurface s;
             QWidget *button = place(s, QStringLiteral("button"), QPoint(16, 16));
             QWidget *edit = place(s, QStringLiteral("edit"), QPoint(100, 100));
@@ -89,11 +95,16 @@ private slots:
     // three handles leave the control as it is.
     void resizeHandles()
     {
-        const struct { const char *handle; QPoint to; QRect expected; } cases[] = {
-            { "5", { 33, 27 }, { 32, 24, 83, 39 } },    { "5", { 100, 50 }, { 96, 48, 19, 15 } },
-            { "5", { 203, 205 }, { 200, 200, 10, 10 } }, { "5", { 40, 10 }, { 40, 40, 75, 23 } },
-            { "4", { 8, 8 }, { 40, 40, 75, 23 } },       { "6", { 200, 200 }, { 40, 40, 75, 23 } },
-            { "7", { 8, 200 }, { 40, 40, 75, 23 } },
+        const struct
+        {
+            const char *handle;
+            QPoint to;
+            QRect expected;
+        } cases[] = {
+            {"5", {33, 27}, {32, 24, 83, 39}},     {"5", {100, 50}, {96, 48, 19, 15}},
+            {"5", {203, 205}, {200, 200, 10, 10}}, {"5", {40, 10}, {40, 40, 75, 23}},
+            {"4", {8, 8}, {40, 40, 75, 23}},       {"6", {200, 200}, {40, 40, 75, 23}},
+            {"7", {8, 200}, {40, 40, 75, 23}},
         };
         for (const auto &c : cases) {
             ReplaySurface s;
@@ -111,8 +122,9 @@ private slots:
         QWidget *button = place(s, QStringLiteral("button"), QPoint(16, 16));
         QWidget *edit = place(s, QStringLiteral("edit"), QPoint(120, 16));
         // Presses on a list or rich edit land on its viewport.
-        for (const char *kind : { "rich", "list", "checkList", "radioList" }) {
-            auto *area = qobject_cast<QAbstractScrollArea *>(place(s, QLatin1String(kind), QPoint(24, 120)));
+        for (const char *kind : {"rich", "list", "checkList", "radioList"}) {
+            auto *area = qobject_cast<QAbstractScrollArea *>(
+                place(s, QLatin1String(kind), QPoint(24, 120)));
             QVERIFY2(area, kind);
             s.focusedObject = nullptr;
             press(area->viewport(), QPoint(5, 5), Qt::RightButton);
@@ -158,7 +170,8 @@ private slots:
 
         // The submenu has an entry line of its own.
         QCOMPARE(file->actions().size(), 1);
-        auto *entry = qobject_cast<QLineEdit *>(qobject_cast<QWidgetAction *>(file->actions().first())->defaultWidget());
+        auto *entry = qobject_cast<QLineEdit *>(
+            qobject_cast<QWidgetAction *>(file->actions().first())->defaultWidget());
         entry->setText(QStringLiteral("Open"));
         QTest::keyClick(entry, Qt::Key_Return);
         QCOMPARE(file->actions().size(), 2);

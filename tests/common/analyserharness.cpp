@@ -12,8 +12,7 @@ QString HarnessReport::brief() const
     return QStringLiteral("%1:%2 %3 %4|%5").arg(line).arg(col).arg(type).arg(block, message);
 }
 
-AnalyserHarness::AnalyserHarness(QObject *parent)
-    : QObject(parent)
+AnalyserHarness::AnalyserHarness(QObject *parent) : QObject(parent)
 {
     ensureSettings();
     // A document reports its edits only once it has a layout; give it the
@@ -158,8 +157,8 @@ QString AnalyserHarness::formatRuns(int block, int from, int end) const
     return runs.join(QLatin1Char(' '));
 }
 
-void AnalyserHarness::onUpdateError(int lineNum, int linePos, QString fname, QString block,
-                                    QString, int type, QString err, int &errId)
+void AnalyserHarness::onUpdateError(int lineNum, int linePos, QString fname, QString block, QString,
+                                    int type, QString err, int &errId)
 {
     ++emitted;
     int id = 1;

@@ -79,8 +79,8 @@ public:
     QString formatRuns(int block, int from, int end) const;
 
 private:
-    void onUpdateError(int lineNum, int linePos, QString fname, QString block, QString id,
-                       int type, QString err, int &errId);
+    void onUpdateError(int lineNum, int linePos, QString fname, QString block, QString id, int type,
+                       QString err, int &errId);
     void onRemoveError(QVector<int> &errIds);
 
     QTextDocument doc;

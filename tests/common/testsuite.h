@@ -18,8 +18,8 @@ bool add(const char *name, Factory make);
 
 } // namespace TestSuite
 
-#define TARNWICK_TEST(Class)                                                                      \
-    static const bool tarnwickRegistered##Class =                                                 \
-        TestSuite::add(#Class, []() -> QObject * { return new Class; })
+#define TARNWICK_TEST(Class)                                                                       \
+    static const bool tarnwickRegistered##Class                                                    \
+        = TestSuite::add(#Class, []() -> QObject * { return new Class; })
 
 #endif // TESTSUITE_H

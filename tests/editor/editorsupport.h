@@ -28,7 +28,7 @@
 class MdiChildEditorTestAccess
 {
 public:
-    explicit MdiChildEditorTestAccess(MdiChildEditor *doc) : d(doc) {}
+    explicit MdiChildEditorTestAccess(MdiChildEditor *doc) : d(doc) { }
     MslTextEditor *editor() const { return d->editor; }
     MslSyntaxHighlighter *highlighter() const { return d->syntaxHighlighter; }
     bool didChange() const { return d->didChange; }
@@ -62,7 +62,7 @@ private:
 class MslTextEditorTestAccess
 {
 public:
-    explicit MslTextEditorTestAccess(MslTextEditor *editor) : e(editor) {}
+    explicit MslTextEditorTestAccess(MslTextEditor *editor) : e(editor) { }
     QWidget *lineNumber() const { return e->lineNumber; }
     QTimer *timerHover() const { return e->timerHover; }
     int leftMargin() const { return e->viewportMargins().left(); }
@@ -141,8 +141,8 @@ public:
         timer.setInterval(5);
         connect(&timer, &QTimer::timeout, this, [this] {
             QWidget *w = steps.isEmpty() ? nullptr
-                         : steps.first().first ? QApplication::activePopupWidget()
-                                               : QApplication::activeModalWidget();
+                : steps.first().first    ? QApplication::activePopupWidget()
+                                         : QApplication::activeModalWidget();
             // The widget of the previous step may still be closing.
             if (!w || !w->isVisible() || w == last)
                 return;
@@ -152,10 +152,11 @@ public:
                 timer.stop();
         });
     }
-    template<typename T>
-    void on(std::function<void(T *)> act, bool popup = false)
+    template<typename T> void on(std::function<void(T *)> act, bool popup = false)
     {
-        steps.append({popup, [act](QWidget *w) { act(qobject_cast<T *>(w)); }});
+        steps.append({popup, [act](QWidget *w) {
+                          act(qobject_cast<T *>(w));
+                      }});
         timer.start();
     }
     int pending() const { return steps.size(); }
@@ -189,7 +190,8 @@ public:
     }
     bool ready()
     {
-        return QTest::qWaitForWindowExposed(editor.get()) && QTest::qWaitForWindowActive(editor.get());
+        return QTest::qWaitForWindowExposed(editor.get())
+            && QTest::qWaitForWindowActive(editor.get());
     }
     MslTextEditorTestAccess access() const { return MslTextEditorTestAccess(editor.get()); }
 
@@ -212,16 +214,18 @@ public:
     void clickGutter(int line, int x = 4)
     {
         QWidget *bar = access().lineNumber();
-        QTest::mouseClick(bar, Qt::LeftButton, Qt::NoModifier, QPoint(bar->width() - 16 + x, lineTop(line) + 2));
+        QTest::mouseClick(bar, Qt::LeftButton, Qt::NoModifier,
+                          QPoint(bar->width() - 16 + x, lineTop(line) + 2));
     }
     // The lines as the gutter shows them: . hidden, - no icon, e and r an
     // alias or event open and folded, E and R a group open and folded.
     QString gutter() const
     {
-        static const QMap<QChar, QString> files{{'e', "expanded"}, {'r', "right"}, {'E', "expanded2"},
-                                                {'R', "right2"}, {'-', ""}};
+        static const QMap<QChar, QString> files{
+            {'e', "expanded"}, {'r', "right"}, {'E', "expanded2"}, {'R', "right2"}, {'-', ""}};
         QWidget *bar = access().lineNumber();
-        const QImage shot = bar->grab().toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+        const QImage shot
+            = bar->grab().toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied);
         QString out;
         for (QTextBlock b = editor->document()->begin(); b.isValid(); b = b.next()) {
             const QImage icon = shot.copy(bar->width() - 16, lineTop(b.blockNumber()), 16, 16);
@@ -230,7 +234,9 @@ public:
                 // An icon is drawn unscaled over white.
                 QImage expected(16, 16, QImage::Format_ARGB32_Premultiplied);
                 expected.fill(Qt::white);
-                QPainter(&expected).drawImage(0, 0, QImage(":/block/resources/img_assets/editor/block/" + it.value() + ".png"));
+                QPainter(&expected).drawImage(
+                    0, 0,
+                    QImage(":/block/resources/img_assets/editor/block/" + it.value() + ".png"));
                 if (icon == expected)
                     seen = it.key();
             }
@@ -248,15 +254,16 @@ public:
             QWidget *target = QApplication::activePopupWidget();
             if (target && target->focusWidget())
                 target = target->focusWidget();
-            QTest::simulateEvent(target ? target : editor.get(), press, code, modifiers, text, false);
+            QTest::simulateEvent(target ? target : editor.get(), press, code, modifiers, text,
+                                 false);
         }
     }
     // Printable text; capitals and the shifted symbols carry Shift.
     void type(const QString &s)
     {
         for (const QChar ch : s) {
-            const bool shifted =
-                ch.isUpper() || QByteArrayLiteral("${}()!|%#&*_+:\"<>?~^@").contains(ch.toLatin1());
+            const bool shifted = ch.isUpper()
+                || QByteArrayLiteral("${}()!|%#&*_+:\"<>?~^@").contains(ch.toLatin1());
             const Qt::Key code = ch.isLetter() ? Qt::Key(Qt::Key_A + (ch.toUpper().unicode() - 'A'))
                                                : Qt::Key(ch.unicode());
             key(code, shifted ? Qt::ShiftModifier : Qt::NoModifier, QString(ch));

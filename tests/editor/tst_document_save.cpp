@@ -71,7 +71,8 @@ class DocumentSaveTest : public QObject
     QString path(const QString &name) const { return dir.filePath(name); }
     QString failure(const QString &name) const
     {
-        return "Error saving file|Error accessing file `" + QFileInfo(path(name)).absoluteFilePath() + "'";
+        return "Error saving file|Error accessing file `" + QFileInfo(path(name)).absoluteFilePath()
+            + "'";
     }
 
     QTemporaryDir dir;
@@ -97,7 +98,8 @@ private slots:
         QFETCH(QStringList, lines);
         QMap<QString, QString> c;
         for (const QString &line : lines)
-            c.insert(line.section(QLatin1Char(' '), 0, 0), unescape(line.section(QLatin1Char(' '), 1)));
+            c.insert(line.section(QLatin1Char(' '), 0, 0),
+                     unescape(line.section(QLatin1Char(' '), 1)));
         const QString name = c.value(QStringLiteral("name"));
         const QByteArray disk = c.value(QStringLiteral("disk")).toUtf8();
         writeBytes(path(name), disk);
@@ -137,7 +139,8 @@ private slots:
         // The next save goes to the same file without asking.
         a.editor()->appendPlainText(QStringLiteral("echo 3"));
         QVERIFY(a.save());
-        QCOMPARE(readBytes(chosen), QByteArray("[script]\r\nn0=echo 1\r\nn1=echo 2\r\nn2=echo 3\r\n"));
+        QCOMPARE(readBytes(chosen),
+                 QByteArray("[script]\r\nn0=echo 1\r\nn1=echo 2\r\nn2=echo 3\r\n"));
     }
 
     // A cancelled dialog and a folder that is not there: the text stays,
@@ -165,7 +168,9 @@ private slots:
         answerBox(QMessageBox::Save, &question);
         answerBox(QMessageBox::Ok, &warning);
         QVERIFY(!doc->close());
-        QCOMPARE(question, QStringLiteral("Save Changes?|Do you want to save changes you have made to x.mrc?"));
+        QCOMPARE(
+            question,
+            QStringLiteral("Save Changes?|Do you want to save changes you have made to x.mrc?"));
         QCOMPARE(warning, failure(target));
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(!doc.isNull());
@@ -197,7 +202,8 @@ private slots:
         QCOMPARE(readBytes(path(QStringLiteral("keep.mrc"))), original);
         QVERIFY(a.didChange());
         // No temporary file is left behind.
-        QCOMPARE(QDir(dir.path()).entryList({QStringLiteral("keep*")}, QDir::Files), QStringList{"keep.mrc"});
+        QCOMPARE(QDir(dir.path()).entryList({QStringLiteral("keep*")}, QDir::Files),
+                 QStringList{"keep.mrc"});
     }
 
     // The folder takes no new files, so there is no room for a temporary
@@ -233,7 +239,9 @@ private slots:
     {
         MdiChildEditorTestAccess a = open(QStringLiteral("title.mrc"), "x");
         QSignalSpy titles(doc.data(), &MdiChildEditor::titleChanged);
-        const auto last = [&] { return titles.isEmpty() ? QString() : titles.last().at(1).toString(); };
+        const auto last = [&] {
+            return titles.isEmpty() ? QString() : titles.last().at(1).toString();
+        };
         doc->show();
         QVERIFY(QTest::qWaitForWindowActive(doc));
         a.editor()->setFocus();
@@ -278,14 +286,17 @@ private slots:
         if (answer) {
             a.editor()->appendPlainText(QStringLiteral("new"));
             driver->on<QMessageBox>([answer](QMessageBox *box) {
-                QCOMPARE(box->standardButtons(), QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
+                QCOMPARE(box->standardButtons(),
+                         QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
                 box->button(QMessageBox::StandardButton(answer))->click();
             });
         }
         QStringList signalled;
         QObject listener; // gone with this function, before the document
-        connect(doc, &MdiChildEditor::fclosing, &listener, [&](QFileInfo f) { signalled << f.fileName(); });
-        connect(doc, &MdiChildEditor::closing, &listener, [&](MdiChildEditor *) { signalled << "closing"; });
+        connect(doc, &MdiChildEditor::fclosing, &listener,
+                [&](QFileInfo f) { signalled << f.fileName(); });
+        connect(doc, &MdiChildEditor::closing, &listener,
+                [&](MdiChildEditor *) { signalled << "closing"; });
         const bool closed = answer != QMessageBox::Cancel;
         QCOMPARE(doc->close(), closed);
         QCOMPARE(readBytes(path(QStringLiteral("close.mrc"))),
@@ -309,8 +320,11 @@ private slots:
         QCOMPARE(a.cursorStatus(), QStringLiteral("Ln 2, Col 4"));
         a.editor()->moveCursor(QTextCursor::End);
         QCOMPARE(a.cursorStatus() + a.sizeStatus(), QStringLiteral("Ln 3, Col 5  Size: 15 B"));
-        const QList<QPair<int, QString>> sizes{{1023, "1023 B"}, {1024, "1.00 KB"}, {1536, "1.50 KB"},
-                                               {1048575, "1024.00 KB"}, {1048576, "1.00 MB"}};
+        const QList<QPair<int, QString>> sizes{{1023, "1023 B"},
+                                               {1024, "1.00 KB"},
+                                               {1536, "1.50 KB"},
+                                               {1048575, "1024.00 KB"},
+                                               {1048576, "1.00 MB"}};
         for (const auto &[characters, shown] : sizes) {
             a.editor()->setPlainText(QString(characters - 1, QLatin1Char('a')) + QLatin1Char('\n'));
             a.editor()->moveCursor(QTextCursor::End);
@@ -319,7 +333,8 @@ private slots:
         // Whatever the text holds, the count is that of its plain text.
         a.editor()->setPlainText(QStringLiteral("a\r\nb\u2028c\u2029\ufdd0x\U0001F600"));
         a.editor()->moveCursor(QTextCursor::End);
-        QCOMPARE(a.sizeStatus(), QStringLiteral("  Size: %1 B").arg(a.editor()->toPlainText().size()));
+        QCOMPARE(a.sizeStatus(),
+                 QStringLiteral("  Size: %1 B").arg(a.editor()->toPlainText().size()));
     }
 };
 

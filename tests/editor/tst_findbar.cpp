@@ -32,9 +32,11 @@ class FindBarTest : public QObject
     QStringList marks() const
     {
         QStringList out;
-        for (const QTextEdit::ExtraSelection &s : MdiChildEditorTestAccess(doc).editor()->extraSelections()) {
+        for (const QTextEdit::ExtraSelection &s :
+             MdiChildEditorTestAccess(doc).editor()->extraSelections()) {
             if (s.format.background() == QBrush(Qt::yellow))
-                out << QStringLiteral("%1:%2").arg(s.cursor.selectionStart())
+                out << QStringLiteral("%1:%2")
+                           .arg(s.cursor.selectionStart())
                            .arg(s.cursor.selectionEnd() - s.cursor.selectionStart());
         }
         return out;
@@ -43,12 +45,15 @@ class FindBarTest : public QObject
     QString selection() const
     {
         const QTextCursor c = MdiChildEditorTestAccess(doc).editor()->textCursor();
-        return QStringLiteral("%1:%2").arg(c.selectionStart()).arg(c.selectionEnd() - c.selectionStart());
+        return QStringLiteral("%1:%2")
+            .arg(c.selectionStart())
+            .arg(c.selectionEnd() - c.selectionStart());
     }
 
     QPushButton *button(const QString &text) const
     {
-        for (QPushButton *b : MdiChildEditorTestAccess(doc).searchBox()->findChildren<QPushButton *>()) {
+        for (QPushButton *b :
+             MdiChildEditorTestAccess(doc).searchBox()->findChildren<QPushButton *>()) {
             if (b->text() == text)
                 return b;
         }
@@ -98,8 +103,8 @@ private slots:
 
         // Return walks on from the cursor and keeps the focus in the line;
         // the buttons hand it to the text, and nothing wraps around.
-        const QStringList walk{"", "7:2", "", "9:2", "next", "9:2", "previous", "7:2",
-                               "previous", "4:2", "previous", "0:2", "previous", "0:2"};
+        const QStringList walk{"",    "7:2",      "",    "9:2",      "next", "9:2",      "previous",
+                               "7:2", "previous", "4:2", "previous", "0:2",  "previous", "0:2"};
         for (int i = 0; i < walk.size(); i += 2) {
             a.searchLine()->setFocus();
             if (walk.at(i).isEmpty())
@@ -107,14 +112,17 @@ private slots:
             else
                 QTest::mouseClick(button(walk.at(i)), Qt::LeftButton);
             QCOMPARE(selection(), walk.at(i + 1));
-            QCOMPARE(QApplication::focusWidget(), walk.at(i).isEmpty() ? static_cast<QWidget *>(a.searchLine())
-                                                                       : static_cast<QWidget *>(a.editor()));
+            QCOMPARE(QApplication::focusWidget(),
+                     walk.at(i).isEmpty() ? static_cast<QWidget *>(a.searchLine())
+                                          : static_cast<QWidget *>(a.editor()));
         }
 
         // The close button hides it too; the mode button stands on an empty line.
         a.searchLine()->clear();
         QVERIFY(a.searchLine()->findChild<QToolButton *>()->isVisible());
-        QTest::mouseClick(qobject_cast<QGridLayout *>(a.searchBox()->widget()->layout())->itemAtPosition(0, 6)->widget(),
+        QTest::mouseClick(qobject_cast<QGridLayout *>(a.searchBox()->widget()->layout())
+                              ->itemAtPosition(0, 6)
+                              ->widget(),
                           Qt::LeftButton);
         QVERIFY(a.searchBox()->isHidden());
     }
@@ -131,10 +139,7 @@ private slots:
         QCOMPARE(m.last(), QStringLiteral("%1:1").arg(2 * 4999));
     }
 
-    void modes_data()
-    {
-        addCases({QStringLiteral("find.txt")});
-    }
+    void modes_data() { addCases({QStringLiteral("find.txt")}); }
 
     // The cases of data/find.txt: a mode and a search, a text, its marks, and
     // what replace all makes of it.
@@ -143,7 +148,8 @@ private slots:
         QFETCH(QStringList, lines);
         QMap<QString, QString> c;
         for (const QString &line : lines)
-            c.insert(line.section(QLatin1Char(' '), 0, 0), unescape(line.section(QLatin1Char(' '), 1)));
+            c.insert(line.section(QLatin1Char(' '), 0, 0),
+                     unescape(line.section(QLatin1Char(' '), 1)));
         const QStringList modes{"plain", "case", "pattern", "words", "ident", "", "", "7"};
         const int mode = modes.indexOf(lines.value(0).section(QLatin1Char(' '), 0, 0));
         QVERIFY(mode >= 0);
@@ -152,13 +158,15 @@ private slots:
         a.setSearchType(mode);
         a.searchLine()->setText(c.value(modes.at(mode)));
         if (c.contains(QStringLiteral("marks"))) {
-            const QStringList expected = c.value(QStringLiteral("marks")).split(' ', Qt::SkipEmptyParts);
+            const QStringList expected
+                = c.value(QStringLiteral("marks")).split(' ', Qt::SkipEmptyParts);
             QCOMPARE(marks(), expected);
             // Walking with "next" visits the same hits, then stays on the last.
             QStringList walked;
             for (int i = 0; i <= expected.size(); ++i) {
                 a.searchNext();
-                if (!a.editor()->textCursor().hasSelection() || walked.value(walked.size() - 1) == selection())
+                if (!a.editor()->textCursor().hasSelection()
+                    || walked.value(walked.size() - 1) == selection())
                     break;
                 walked << selection();
             }
@@ -167,7 +175,8 @@ private slots:
         if (c.contains(QStringLiteral("select"))) {
             QTextCursor cursor = a.editor()->textCursor();
             cursor.setPosition(c.value("select").section(' ', 0, 0).toInt());
-            cursor.setPosition(c.value("select").section(' ', 1, 1).toInt(), QTextCursor::KeepAnchor);
+            cursor.setPosition(c.value("select").section(' ', 1, 1).toInt(),
+                               QTextCursor::KeepAnchor);
             a.editor()->setTextCursor(cursor);
             a.replacement()->setText(c.value(QStringLiteral("replace")));
             a.searchLine()->setFocus();
@@ -197,7 +206,7 @@ private slots:
         // From the end: over the line end into the line before, then to the
         // first hit and no further; hits of no width are stepped over.
         const QList<QPair<QString, QStringList>> walks{{"/foo/i", {"12:3", "6:3", "0:3", "0:3"}},
-                                                      {"/a*/", {"21:2", "16:2"}}};
+                                                       {"/a*/", {"21:2", "16:2"}}};
         for (const auto &[pattern, hits] : walks) {
             a.searchLine()->setText(pattern);
             a.editor()->moveCursor(QTextCursor::End);
@@ -221,32 +230,44 @@ private slots:
     // shows, the mode and icon it leaves, and no new search by itself.
     void modeMenu()
     {
-        struct Row { int start, choose; const char *checked; int mode; const char *icon; };
-        const Row rows[] = {{0, 0, "0000", 1, "search_green"}, {1, 0, "1000", 0, "magnify"},
-                            {1, 1, "1000", 2, "search_red"}, {0, 2, "0000", 3, "search_blue"},
+        struct Row
+        {
+            int start, choose;
+            const char *checked;
+            int mode;
+            const char *icon;
+        };
+        const Row rows[] = {{0, 0, "0000", 1, "search_green"},  {1, 0, "1000", 0, "magnify"},
+                            {1, 1, "1000", 2, "search_red"},    {0, 2, "0000", 3, "search_blue"},
                             {0, 3, "0000", 4, "search_orange"}, {4, 3, "0000", 0, "magnify"},
-                            {3, 1, "0010", 2, "search_red"}, {2, -1, "0100", 2, "close"}};
+                            {3, 1, "0010", 2, "search_red"},    {2, -1, "0100", 2, "close"}};
         MdiChildEditorTestAccess a = makeDocument(QStringLiteral("foo"));
         a.openSearchBox();
         for (const Row &row : rows) {
             a.setSearchType(row.start);
-            a.searchLine()->setBtnIcon(QIcon(":/find/resources/img_assets/editor/find/close.png"), 16, 16);
+            a.searchLine()->setBtnIcon(QIcon(":/find/resources/img_assets/editor/find/close.png"),
+                                       16, 16);
             QString checked;
-            driver->on<QMenu>([&](QMenu *menu) {
-                for (QAction *act : menu->actions())
-                    checked += act->isChecked() ? QLatin1Char('1') : QLatin1Char('0');
-                if (row.choose >= 0)
-                    menu->setActiveAction(menu->actions().at(row.choose));
-                QTest::keyClick(menu, row.choose >= 0 ? Qt::Key_Return : Qt::Key_Escape);
-            }, true);
+            driver->on<QMenu>(
+                [&](QMenu *menu) {
+                    for (QAction *act : menu->actions())
+                        checked += act->isChecked() ? QLatin1Char('1') : QLatin1Char('0');
+                    if (row.choose >= 0)
+                        menu->setActiveAction(menu->actions().at(row.choose));
+                    QTest::keyClick(menu, row.choose >= 0 ? Qt::Key_Return : Qt::Key_Escape);
+                },
+                true);
             QToolButton *btn = a.searchLine()->findChild<QToolButton *>();
-            QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(2, 2), btn->mapToGlobal(QPoint(2, 2)));
+            QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(2, 2),
+                                    btn->mapToGlobal(QPoint(2, 2)));
             QApplication::sendEvent(btn, &event);
             QCOMPARE(checked, QString::fromLatin1(row.checked));
             QCOMPARE(a.searchType(), row.mode);
             QCOMPARE(a.searchLine()->btnIcon().pixmap(16, 16).toImage(),
-                     QIcon(":/find/resources/img_assets/editor/find/" + QString::fromLatin1(row.icon) + ".png")
-                         .pixmap(16, 16).toImage());
+                     QIcon(":/find/resources/img_assets/editor/find/"
+                           + QString::fromLatin1(row.icon) + ".png")
+                         .pixmap(16, 16)
+                         .toImage());
             QCOMPARE(marks(), QStringList());
         }
     }

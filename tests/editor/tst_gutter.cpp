@@ -7,7 +7,6 @@
 #include <QScrollBar>
 #include <QtTest>
 
-
 class GutterTest : public QObject
 {
     Q_OBJECT

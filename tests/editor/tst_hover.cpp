@@ -52,8 +52,11 @@ private slots:
     // Line and column, as the report dock and the object tree jump.
     void jumps()
     {
-        f->setScript({"line one", "line two", "line three", "line four", "line five", "line six", "line 7"}, 0, 2);
-        for (const auto &[line, pos] : QList<QPair<int, int>>{{5, 3}, {3, 0}, {3, 5}, {7, 1}, {1, 4}}) {
+        f->setScript(
+            {"line one", "line two", "line three", "line four", "line five", "line six", "line 7"},
+            0, 2);
+        for (const auto &[line, pos] :
+             QList<QPair<int, int>>{{5, 3}, {3, 0}, {3, 5}, {7, 1}, {1, 4}}) {
             f->editor->gotoLine(line);
             QCOMPARE(f->editor->textCursor().blockNumber(), line - 1);
             f->editor->gotoPos(pos);

@@ -19,26 +19,28 @@ class KeysTest : public QObject
         for (int i = 0; i < keys.size(); ++i) {
             const int close = keys.indexOf(QLatin1Char('>'), i + 2);
             if (keys.at(i) != QLatin1Char('<') || close < 0) {
-                f.type(unescape(keys.at(i) == QLatin1Char('\\') ? keys.mid(i++, 2) : keys.mid(i, 1)));
+                f.type(
+                    unescape(keys.at(i) == QLatin1Char('\\') ? keys.mid(i++, 2) : keys.mid(i, 1)));
                 continue;
             }
             QString name = keys.mid(i + 1, close - i - 1);
             i = close;
             if (name == QLatin1String("Rest")) {
-            // From elsewhere first: a move to where the mouse is, is none.
-            const QRect r = f.editor->cursorRect();
-            QTest::mouseMove(f.editor->viewport(), QPoint(1, 1));
-            QTest::mouseMove(f.editor->viewport(), QPoint(r.left() + 3, r.center().y()));
-            QTRY_VERIFY(f.access().timerHover() && f.access().timerHover()->isActive());
-            QTRY_VERIFY(!f.access().timerHover()->isActive());
-            continue;
-        }
-        if (name.startsWith(QLatin1String("Click "))) {
-            const QString at = name.mid(6);
-            f.clickGutter(at.section('@', 0, 0).toInt(), at.contains('@') ? at.section('@', 1).toInt() : 4);
-            continue;
-        }
-        if (name == QLatin1String("Undo") || name == QLatin1String("ReadOnly")) {
+                // From elsewhere first: a move to where the mouse is, is none.
+                const QRect r = f.editor->cursorRect();
+                QTest::mouseMove(f.editor->viewport(), QPoint(1, 1));
+                QTest::mouseMove(f.editor->viewport(), QPoint(r.left() + 3, r.center().y()));
+                QTRY_VERIFY(f.access().timerHover() && f.access().timerHover()->isActive());
+                QTRY_VERIFY(!f.access().timerHover()->isActive());
+                continue;
+            }
+            if (name.startsWith(QLatin1String("Click "))) {
+                const QString at = name.mid(6);
+                f.clickGutter(at.section('@', 0, 0).toInt(),
+                              at.contains('@') ? at.section('@', 1).toInt() : 4);
+                continue;
+            }
+            if (name == QLatin1String("Undo") || name == QLatin1String("ReadOnly")) {
                 name == QLatin1String("Undo") ? f.editor->undo() : f.editor->setReadOnly(true);
                 continue;
             }
@@ -46,10 +48,13 @@ class KeysTest : public QObject
             const int dash = name.indexOf(QLatin1Char('-'), 1);
             for (const QChar m : name.left(qMax(dash, 0)))
                 mods |= m == QLatin1Char('C') ? Qt::ControlModifier
-                      : m == QLatin1Char('S') ? Qt::ShiftModifier
-                      : m == QLatin1Char('K') ? Qt::KeypadModifier : Qt::NoModifier;
+                    : m == QLatin1Char('S')   ? Qt::ShiftModifier
+                    : m == QLatin1Char('K')   ? Qt::KeypadModifier
+                                              : Qt::NoModifier;
             name = name.mid(dash + 1);
-            QString text = name.size() == 1 && !(mods & Qt::ControlModifier && name.at(0).isLetter()) ? name : "";
+            QString text
+                = name.size() == 1 && !(mods & Qt::ControlModifier && name.at(0).isLetter()) ? name
+                                                                                             : "";
             int code = name.at(0).isLetter() ? Qt::Key_A + (name.at(0).toUpper().unicode() - 'A')
                                              : name.at(0).unicode();
             if (name.size() > 1) {
@@ -71,24 +76,25 @@ class KeysTest : public QObject
             return;
         }
         if (what == QLatin1String("gutter")) {
-        QCOMPARE(f.gutter(), rest);
-        return;
-    }
-    if (what == QLatin1String("mark") || what == QLatin1String("tint")) {
-        const QList<QTextEdit::ExtraSelection> marks = f.editor->extraSelections();
-        QCOMPARE(marks.size(), 1);
-        const QTextEdit::ExtraSelection &m = marks.first();
-        const bool tint = what == QLatin1String("tint");
-        QCOMPARE(m.format.boolProperty(QTextFormat::FullWidthSelection), tint);
-        QCOMPARE(m.format.background().color(), tint ? QColor(Qt::green).lighter(170) : QColor(204, 255, 255));
-        QCOMPARE(m.cursor.selectedText(), rest);
-        if (tint)
-            QCOMPARE(m.cursor.blockNumber(), f.editor->textCursor().blockNumber());
-        else
-            QCOMPARE(m.format.underlineStyle(), QTextCharFormat::DashUnderline);
-        return;
-    }
-    QCompleter *shown = nullptr;
+            QCOMPARE(f.gutter(), rest);
+            return;
+        }
+        if (what == QLatin1String("mark") || what == QLatin1String("tint")) {
+            const QList<QTextEdit::ExtraSelection> marks = f.editor->extraSelections();
+            QCOMPARE(marks.size(), 1);
+            const QTextEdit::ExtraSelection &m = marks.first();
+            const bool tint = what == QLatin1String("tint");
+            QCOMPARE(m.format.boolProperty(QTextFormat::FullWidthSelection), tint);
+            QCOMPARE(m.format.background().color(),
+                     tint ? QColor(Qt::green).lighter(170) : QColor(204, 255, 255));
+            QCOMPARE(m.cursor.selectedText(), rest);
+            if (tint)
+                QCOMPARE(m.cursor.blockNumber(), f.editor->textCursor().blockNumber());
+            else
+                QCOMPARE(m.format.underlineStyle(), QTextCharFormat::DashUnderline);
+            return;
+        }
+        QCompleter *shown = nullptr;
         const QStringList names{"com", "prop", "ident", "color"};
         const QList<QCompleter *> completers = f.access().completers();
         QStringList open;
@@ -99,7 +105,8 @@ class KeysTest : public QObject
         if (what == QLatin1String("popup")) {
             QCOMPARE(open.join(' '), rest.section(QLatin1Char(' '), 0, 0).replace("none", ""));
             if (rest.contains(QLatin1Char(' ')))
-                QCOMPARE(shown->completionModel()->rowCount(), rest.section(QLatin1Char(' '), 1).toInt());
+                QCOMPARE(shown->completionModel()->rowCount(),
+                         rest.section(QLatin1Char(' '), 1).toInt());
             return;
         }
         QVERIFY2(shown, "no list open");
@@ -116,12 +123,11 @@ class KeysTest : public QObject
             QFAIL(qPrintable("unknown check " + what));
     }
 
-
-
 private slots:
     void typing_data()
     {
-        addCases({QStringLiteral("keys.txt"), QStringLiteral("hover.txt"), QStringLiteral("folds.txt")});
+        addCases(
+            {QStringLiteral("keys.txt"), QStringLiteral("hover.txt"), QStringLiteral("folds.txt")});
     }
 
     // The script up to the first ">> keys"; after each, the text that

@@ -44,8 +44,10 @@ class ObjTreeTest : public QObject
                 const QTreeWidgetItem *entry = branch->child(i);
                 QStringList rows;
                 for (int j = 0; j < entry->childCount(); ++j)
-                    rows << entry->child(j)->text(0) + (entry->child(j)->data(0, 1).isNull() ? "" : "<numbered>");
-                out << QStringList{branch->text(0), entry->text(0), entry->data(0, 1).toString(), rows.join(';')}
+                    rows << entry->child(j)->text(0)
+                            + (entry->child(j)->data(0, 1).isNull() ? "" : "<numbered>");
+                out << QStringList{branch->text(0), entry->text(0), entry->data(0, 1).toString(),
+                                   rows.join(';')}
                            .join('|');
             }
         }
@@ -65,14 +67,16 @@ private slots:
     {
         MdiChildEditorTestAccess a = makeDocument(QStringLiteral(
             "; a script\non *:TEXT:hello:#:{\n  echo -a hi\n}\ndialog -l dlg {\n  title \"x\"\n}\n"
-            "alias -l foo {\n  echo -a $1\n}\nalias bar echo -a bar\non *:START: echo -a start\ndialog dg {\n}\n"));
+            "alias -l foo {\n  echo -a $1\n}\nalias bar echo -a bar\non *:START: echo -a "
+            "start\ndialog dg {\n}\n"));
         new QTreeWidgetItem(branches[1], {QStringLiteral("stale")});
         a.updateObjTree();
-        QCOMPARE(dump(), (QStringList{"aliases local|foo|8|Line: 8;Multi-Line: true",
-                                      "aliases global|bar|11|Line: 11;Multi-Line: false",
-                                      "dialogs local|dlg|5|Line: 5", "dialogs global|dg|13|Line: 13",
-                                      "events|text : hello|2|Line: 2;Multi-Line: true",
-                                      "events|start|12|Line: 12;Multi-Line: false"}));
+        QCOMPARE(dump(),
+                 (QStringList{"aliases local|foo|8|Line: 8;Multi-Line: true",
+                              "aliases global|bar|11|Line: 11;Multi-Line: false",
+                              "dialogs local|dlg|5|Line: 5", "dialogs global|dg|13|Line: 13",
+                              "events|text : hello|2|Line: 2;Multi-Line: true",
+                              "events|start|12|Line: 12;Multi-Line: false"}));
         tree->setCurrentItem(branches[1]->child(0));
         a.compClicked();
         QCOMPARE(a.editor()->textCursor().blockNumber(), 10);

@@ -61,7 +61,8 @@ QImage iconAt(QAbstractItemModel *model, int row)
 
 QImage resourceIcon(const char *name)
 {
-    return shown(QIcon(QStringLiteral(":/completer/resources/img_assets/completer/") + QLatin1String(name)));
+    return shown(
+        QIcon(QStringLiteral(":/completer/resources/img_assets/completer/") + QLatin1String(name)));
 }
 
 } // namespace
@@ -78,14 +79,15 @@ private slots:
         QCOMPARE(first.first() + first.last(), QStringLiteral("abookxyzzy"));
         // The command patterns inherit this order, departures from the alphabet included.
         QVERIFY(first.indexOf(QStringLiteral("aline")) < first.indexOf(QStringLiteral("alias")));
-        for (const char *word : { "halt", "haltdef", "return", "break", "continue" })
+        for (const char *word : {"halt", "haltdef", "return", "break", "continue"})
             QVERIFY2(first.contains(QLatin1String(word)), word);
-        for (const char *word : { "if", "while", "else", "elseif", "goto", "/echo", "ECHO" })
+        for (const char *word : {"if", "while", "else", "elseif", "goto", "/echo", "ECHO"})
             QVERIFY2(!first.contains(QLatin1String(word)), word);
         // Each call appends the list again; its single caller relies on calling once.
         QCOMPARE(MslInfo::getAllMslCmds(), first + first);
-        QCOMPARE(MslInfo::getAllMslCtrlStruc(), QStringList({ "while", "if", "elseif", "else", "goto" }));
-        QCOMPARE(MslInfo::getAllMslCtrlStrucWithExp(), QStringList({ "while", "if", "elseif" }));
+        QCOMPARE(MslInfo::getAllMslCtrlStruc(),
+                 QStringList({"while", "if", "elseif", "else", "goto"}));
+        QCOMPARE(MslInfo::getAllMslCtrlStrucWithExp(), QStringList({"while", "if", "elseif"}));
     }
 
     // Sound rows, each found by its name in capitals with its own properties.
@@ -95,11 +97,16 @@ private slots:
         int rows = 0;
         for (; row->name; ++row, ++rows) {
             QString name = QString::fromLatin1(row->name).toUpper();
-            QVERIFY2(name.startsWith(QLatin1Char('$')) && name.toLower() == QLatin1String(row->name), row->name);
-            QVERIFY2(row->min >= 1 && row->max >= row->min && !(row->needsEven && row->needsOdd), row->name);
+            QVERIFY2(name.startsWith(QLatin1Char('$'))
+                         && name.toLower() == QLatin1String(row->name),
+                     row->name);
+            QVERIFY2(row->min >= 1 && row->max >= row->min && !(row->needsEven && row->needsOdd),
+                     row->name);
             QVERIFY2(MslInfo::isProperIdentArgs(name, row->min, QString()) == 1, row->name);
             for (int p = 0; p < 35 && row->props[p]; ++p)
-                QVERIFY2(MslInfo::isProperIdentArgs(name, row->min, QString::fromLatin1(row->props[p]).toUpper()) == 1,
+                QVERIFY2(MslInfo::isProperIdentArgs(name, row->min,
+                                                    QString::fromLatin1(row->props[p]).toUpper())
+                             == 1,
                          row->props[p]);
         }
         QCOMPARE(rows, 207);
@@ -115,7 +122,8 @@ private slots:
     {
         QFETCH(QStringList, row);
         QString name = row.at(0);
-        QCOMPARE(MslInfo::isProperIdentArgs(name, row.at(1).toUInt(), row.at(2)), row.at(3).toInt());
+        QCOMPARE(MslInfo::isProperIdentArgs(name, row.at(1).toUInt(), row.at(2)),
+                 row.at(3).toInt());
         QCOMPARE(name, row.at(0)); // the caller's text is left as it was
     }
 
@@ -141,12 +149,13 @@ private slots:
         // The popup keeps table order, uneven capitals and all.
         QCOMPARE(completions(completer, QString()), all);
         QCOMPARE(completions(completer, QStringLiteral("LITEX.")),
-                 QStringList({ "Litex.LiteConnection", "LiteX.LiteStatement" }));
+                 QStringList({"Litex.LiteConnection", "LiteX.LiteStatement"}));
         // Every row has its picture; WScript.Shell and Shell.Application share one.
         for (int r = 0; r < 91; ++r)
             QVERIFY2(!iconAt(model, r).isNull(), qPrintable(all.at(r)));
         QCOMPARE(all.first(), QStringLiteral("WScript.Shell"));
-        QVERIFY(iconAt(model, 0) == iconAt(model, all.indexOf(QStringLiteral("Shell.Application"))));
+        QVERIFY(iconAt(model, 0)
+                == iconAt(model, all.indexOf(QStringLiteral("Shell.Application"))));
         QVERIFY(iconAt(model, 0) != iconAt(model, 1));
     }
 
@@ -157,10 +166,15 @@ private slots:
         const QStringList all = texts(completer->model());
         QCOMPARE(QSet<QString>(all.cbegin(), all.cend()).size(), 702);
         // Joined and cut at the control character again: each row starts with it.
-        QCOMPARE(QStringList(all.mid(0, 10) << all.last()).join(QString()).split(ctrlK, Qt::SkipEmptyParts),
-                 QStringLiteral("00 0 00,00 0,00 0,0 00,0 00,01 0,01 0,1 00,1 15,15").split(QLatin1Char(' ')));
+        QCOMPARE(QStringList(all.mid(0, 10) << all.last())
+                     .join(QString())
+                     .split(ctrlK, Qt::SkipEmptyParts),
+                 QStringLiteral("00 0 00,00 0,00 0,0 00,0 00,01 0,01 0,1 00,1 15,15")
+                     .split(QLatin1Char(' ')));
         auto data = [&](const char *code, int role) {
-            return completer->model()->index(all.indexOf(ctrlK + QLatin1String(code)), 0).data(role);
+            return completer->model()
+                ->index(all.indexOf(ctrlK + QLatin1String(code)), 0)
+                .data(role);
         };
         QCOMPARE(data("4,12", Qt::ForegroundRole).value<QBrush>().color(), QColor(255, 0, 0));
         QCOMPARE(data("4,12", Qt::BackgroundRole).value<QBrush>().color(), QColor(0, 0, 252));
@@ -171,20 +185,21 @@ private slots:
         QCOMPARE(completions(completer, QString(ctrlK)).size(), 702);
         const QStringList four = completions(completer, ctrlK + QStringLiteral("4,"));
         QCOMPARE(four.size(), 26);
-        QCOMPARE(four.mid(0, 3).join(QString()), QString(ctrlK + QStringLiteral("4,00") + ctrlK + "4,0" + ctrlK + "4,01"));
+        QCOMPARE(four.mid(0, 3).join(QString()),
+                 QString(ctrlK + QStringLiteral("4,00") + ctrlK + "4,0" + ctrlK + "4,01"));
         QVERIFY(completions(completer, QStringLiteral("4,")).isEmpty());
     }
 
     void properties()
     {
         QObject owner;
-        for (const char *name : { "$nosuchident", "$encode", "window", "" })
+        for (const char *name : {"$nosuchident", "$encode", "window", ""})
             QVERIFY2(!MslInfo::getIdentPropProIds(QLatin1String(name), &owner), name);
         QVERIFY(owner.children().isEmpty()); // nothing made on the way
         QAbstractItemModel *decode = MslInfo::getIdentPropProIds(QStringLiteral("$DECODE"), &owner);
         QVERIFY(decode && decode->rowCount() == 0); // the first row of the name, without properties
         QCOMPARE(texts(MslInfo::getIdentPropProIds(QStringLiteral("$Abook"), &owner)),
-                 QStringList({ "nick", "info", "email", "website", "picture", "noteN" }));
+                 QStringList({"nick", "info", "email", "website", "picture", "noteN"}));
         QAbstractItemModel *window = MslInfo::getIdentPropProIds(QStringLiteral("$window"), &owner);
         QCOMPARE(texts(window).size(), 32);
         QCOMPARE(texts(window).last(), QStringLiteral("tbstate"));
@@ -195,27 +210,31 @@ private slots:
     void identifiers()
     {
         AnalyserHarness h;
-        h.setLines({ "alias -l helper {", "  return $1", "}", "alias helper { echo -a again }",
-                     "alias shout {", "  echo -a $upper($1)", "}", "alias left return x",
-                     "alias Shout return y", "on *:TEXT:*:#:{ echo -a $helper($1) }", "dialog box {",
-                     "  size -1 -1 100 100", "}", "alias late return z" });
+        h.setLines({"alias -l helper {", "  return $1", "}", "alias helper { echo -a again }",
+                    "alias shout {", "  echo -a $upper($1)", "}", "alias left return x",
+                    "alias Shout return y", "on *:TEXT:*:#:{ echo -a $helper($1) }", "dialog box {",
+                    "  size -1 -1 100 100", "}", "alias late return z"});
         QObject owner;
-        QAbstractItemModel *model = MslInfo::getIdentIds(&owner, h.document()->findBlockByNumber(1));
+        QAbstractItemModel *model
+            = MslInfo::getIdentIds(&owner, h.document()->findBlockByNumber(1));
         const QStringList got = texts(model);
         QCOMPARE(got.first() + got.at(206), QStringLiteral("$$xor"));
         QCOMPARE(got.count(QStringLiteral("$decode")), 2);
-        QCOMPARE(got.mid(207), QStringList({ "$helper", "$shout", "$Shout", "$late" }));
-        QVERIFY(iconAt(model, 0) == resourceIcon("builtident.png") && iconAt(model, 206) == iconAt(model, 0));
+        QCOMPARE(got.mid(207), QStringList({"$helper", "$shout", "$Shout", "$late"}));
+        QVERIFY(iconAt(model, 0) == resourceIcon("builtident.png")
+                && iconAt(model, 206) == iconAt(model, 0));
         // The first definition met, behind the local one, makes it global.
-        QVERIFY(iconAt(model, 207) == resourceIcon("customident.png") && iconAt(model, 207) != resourceIcon("customlocalident.png"));
-        QVERIFY(iconAt(MslInfo::getIdentIds(&owner, h.document()->firstBlock()), 207) == resourceIcon("customlocalident.png"));
+        QVERIFY(iconAt(model, 207) == resourceIcon("customident.png")
+                && iconAt(model, 207) != resourceIcon("customlocalident.png"));
+        QVERIFY(iconAt(MslInfo::getIdentIds(&owner, h.document()->firstBlock()), 207)
+                == resourceIcon("customlocalident.png"));
 
         // No cache: the next list holds the aliases of the moment.
         QTextCursor cursor(h.document()->lastBlock());
         cursor.insertText(QStringLiteral("alias later return z\n"));
         QCoreApplication::processEvents();
         QCOMPARE(texts(MslInfo::getIdentIds(&owner, h.document()->firstBlock())).mid(207),
-                 QStringList({ "$helper", "$shout", "$Shout", "$later", "$late" }));
+                 QStringList({"$helper", "$shout", "$Shout", "$later", "$late"}));
         QCOMPARE(MslInfo::getIdentIds(&owner, QTextBlock())->rowCount(), 207);
     }
 };

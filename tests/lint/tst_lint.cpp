@@ -61,8 +61,12 @@ QStringList briefs(const QJsonArray &reports)
 {
     QStringList out;
     for (const QJsonValue &r : reports)
-        out << QStringLiteral("%1 %2:%3 t%4 [%5] %6").arg(r["id"].toInt()).arg(r["line"].toInt()).arg(r["col"].toInt())
-                   .arg(r["type"].toInt()).arg(r["block"].toString(), r["message"].toString());
+        out << QStringLiteral("%1 %2:%3 t%4 [%5] %6")
+                   .arg(r["id"].toInt())
+                   .arg(r["line"].toInt())
+                   .arg(r["col"].toInt())
+                   .arg(r["type"].toInt())
+                   .arg(r["block"].toString(), r["message"].toString());
     return out;
 }
 
@@ -72,7 +76,12 @@ QStringList briefs(const QString &script)
     h.setText(script);
     QStringList out;
     for (const HarnessReport &r : h.reports())
-        out << QStringLiteral("%1 %2:%3 t%4 [%5] %6").arg(r.id).arg(r.line).arg(r.col).arg(r.type).arg(r.block, r.message);
+        out << QStringLiteral("%1 %2:%3 t%4 [%5] %6")
+                   .arg(r.id)
+                   .arg(r.line)
+                   .arg(r.col)
+                   .arg(r.type)
+                   .arg(r.block, r.message);
     return out;
 }
 
@@ -114,19 +123,22 @@ private slots:
     {
         const QByteArray script = dataFile("kinds.mrc");
         const QString path = write(QStringLiteral("kinds.mrc"), script);
-        const Run text = lint({ path });
+        const Run text = lint({path});
         QCOMPARE(text.exitCode, 1);
-        QCOMPARE(text.out, QString::fromUtf8(dataFile("kinds.expected")).replace(QStringLiteral("FILE"), path));
+        QCOMPARE(
+            text.out,
+            QString::fromUtf8(dataFile("kinds.expected")).replace(QStringLiteral("FILE"), path));
         QCOMPARE(text.err, QStringLiteral("1 error, 1 warning, 2 infos, 4 notes in 1 file\n"));
 
-        const Run json = lint({ QStringLiteral("--json"), path });
+        const Run json = lint({QStringLiteral("--json"), path});
         QCOMPARE(json.exitCode, 1);
         QCOMPARE(json.files.at(0).toObject()["path"].toString(), path);
         QVERIFY(!json.files.at(0).toObject().contains(QLatin1String("lines")));
         QCOMPARE(briefs(field(json.files, 0, "reports")), briefs(QString::fromUtf8(script)));
         QCOMPARE(field(json.files, 0, "reports").size(), lines(text).size());
 
-        const Run clean = lint({ write(QStringLiteral("clean.mrc"), "alias x {\n  echo -a hi\n}\n") });
+        const Run clean
+            = lint({write(QStringLiteral("clean.mrc"), "alias x {\n  echo -a hi\n}\n")});
         QCOMPARE(clean.exitCode, 0);
         QCOMPARE(clean.out, QString());
     }
@@ -134,9 +146,11 @@ private slots:
     // Every line as the analyser left it in a document.
     void dump()
     {
-        const QString script = QStringLiteral("alias -l foo {\n  var %a = $len($1) | echo -a %a\n  if (%a > 1) { return $true }\n"
-                                              "  echo $calc(1 +\n}\n#grp on\non *:TEXT:*:#:{ echo $nick }\n#grp end\n/* note\n*/\n");
-        const Run run = lint({ QStringLiteral("--dump"), write(QStringLiteral("dump.mrc"), script.toUtf8()) });
+        const QString script = QStringLiteral(
+            "alias -l foo {\n  var %a = $len($1) | echo -a %a\n  if (%a > 1) { return $true }\n"
+            "  echo $calc(1 +\n}\n#grp on\non *:TEXT:*:#:{ echo $nick }\n#grp end\n/* note\n*/\n");
+        const Run run
+            = lint({QStringLiteral("--dump"), write(QStringLiteral("dump.mrc"), script.toUtf8())});
         QCOMPARE(run.exitCode, 1);
         AnalyserHarness h;
         h.setText(script);
@@ -150,20 +164,33 @@ private slots:
             QCOMPARE(line["state"].toInt(), h.state(b));
             QStringList formats, expected;
             for (const QJsonValue &f : line["formats"].toArray())
-                formats << QStringLiteral("%1+%2 %3").arg(f["start"].toInt()).arg(f["length"].toInt()).arg(f["format"].toString());
+                formats << QStringLiteral("%1+%2 %3")
+                               .arg(f["start"].toInt())
+                               .arg(f["length"].toInt())
+                               .arg(f["format"].toString());
             for (const QTextLayout::FormatRange &r : h.formats(b))
-                expected << QStringLiteral("%1+%2 %3").arg(r.start).arg(r.length).arg(AnalyserHarness::formatName(r.format));
+                expected << QStringLiteral("%1+%2 %3")
+                                .arg(r.start)
+                                .arg(r.length)
+                                .arg(AnalyserHarness::formatName(r.format));
             QCOMPARE(formats, expected);
             const CBlockData *data = h.record(b);
             const QJsonValue rec = line["record"];
             QCOMPARE(rec.isNull(), !data);
             if (!data)
                 continue;
-            QCOMPARE(QStringLiteral("%1 %2 %3 %4 %5").arg(rec["blockType"].toInt()).arg(rec["isLocal"].toBool())
-                         .arg(rec["containedBlock"].toString()).arg(rec["blockPos"].toInt())
+            QCOMPARE(QStringLiteral("%1 %2 %3 %4 %5")
+                         .arg(rec["blockType"].toInt())
+                         .arg(rec["isLocal"].toBool())
+                         .arg(rec["containedBlock"].toString())
+                         .arg(rec["blockPos"].toInt())
                          .arg(rec["idents"].toArray().size()),
-                     QStringLiteral("%1 %2 %3 %4 %5").arg(data->blockType).arg(data->isLocal).arg(data->containedBlock)
-                         .arg(data->blockPos).arg(data->idents.size()));
+                     QStringLiteral("%1 %2 %3 %4 %5")
+                         .arg(data->blockType)
+                         .arg(data->isLocal)
+                         .arg(data->containedBlock)
+                         .arg(data->blockPos)
+                         .arg(data->idents.size()));
             for (const QJsonValue &id : rec["ids"].toArray())
                 ids.insert(id.toInt());
         }
@@ -173,26 +200,37 @@ private slots:
             reported.insert(r["id"].toInt());
         QCOMPARE(ids, reported);
         // Spelled out: the names of formats and identifiers.
-        QCOMPARE(dumped.at(0)["formats"].toArray().at(0)["format"].toString(), QStringLiteral("aliasFmt"));
-        QCOMPARE(dumped.at(1)["record"]["idents"].toArray().at(1)["name"].toString(), QStringLiteral("$len"));
+        QCOMPARE(dumped.at(0)["formats"].toArray().at(0)["format"].toString(),
+                 QStringLiteral("aliasFmt"));
+        QCOMPARE(dumped.at(1)["record"]["idents"].toArray().at(1)["name"].toString(),
+                 QStringLiteral("$len"));
     }
 
     // Ids run on from file to file as in one dock; a file's reports are
     // otherwise those it has alone, and a file named twice is checked once.
     void idsSharedAcrossFiles()
     {
-        const QString a = write(QStringLiteral("ids-a.mrc"), "alias a {\n  echo $calc(1 +\n  ; todo: a\n}\n");
-        const QString b = write(QStringLiteral("ids-b.mrc"), "alias b {\n  ; fixme: b\n  echo $calc(2 +\n}\nrem b\n");
-        const Run both = lint({ QStringLiteral("--json"), a, b, dir.path() + QStringLiteral("/./ids-a.mrc") });
+        const QString a
+            = write(QStringLiteral("ids-a.mrc"), "alias a {\n  echo $calc(1 +\n  ; todo: a\n}\n");
+        const QString b = write(QStringLiteral("ids-b.mrc"),
+                                "alias b {\n  ; fixme: b\n  echo $calc(2 +\n}\nrem b\n");
+        const Run both
+            = lint({QStringLiteral("--json"), a, b, dir.path() + QStringLiteral("/./ids-a.mrc")});
         QCOMPARE(both.files.size(), 2);
-        QCOMPARE(briefs(field(both.files, 0, "reports")), briefs(QStringLiteral("alias a {\n  echo $calc(1 +\n  ; todo: a\n}\n")));
+        QCOMPARE(briefs(field(both.files, 0, "reports")),
+                 briefs(QStringLiteral("alias a {\n  echo $calc(1 +\n  ; todo: a\n}\n")));
         const QStringList second = briefs(field(both.files, 1, "reports"));
-        const QStringList alone = briefs(field(lint({ QStringLiteral("--json"), b }).files, 0, "reports"));
+        const QStringList alone
+            = briefs(field(lint({QStringLiteral("--json"), b}).files, 0, "reports"));
         QVERIFY(!second.isEmpty() && second != alone);
         const QRegularExpression id(QStringLiteral("^\\d+ "));
-        QCOMPARE(QStringList(second).replaceInStrings(id, QString()), QStringList(alone).replaceInStrings(id, QString()));
+        QCOMPARE(QStringList(second).replaceInStrings(id, QString()),
+                 QStringList(alone).replaceInStrings(id, QString()));
         QVERIFY(second.first().section(QLatin1Char(' '), 0, 0).toInt()
-                > briefs(field(both.files, 0, "reports")).last().section(QLatin1Char(' '), 0, 0).toInt());
+                > briefs(field(both.files, 0, "reports"))
+                      .last()
+                      .section(QLatin1Char(' '), 0, 0)
+                      .toInt());
     }
 
     // A name ending in .ini, in any case, is read in the INI form.
@@ -200,33 +238,35 @@ private slots:
     {
         const QByteArray ini = dataFile("script.ini");
         const QString asLoaded = QStringLiteral("alias x {\n  echo $calc(1 +\n\n}\na=b\n");
-        for (const char *name : { "script.ini", "SCRIPT.INI", "Script.Ini", ".ini" }) {
-            const Run run = lint({ QStringLiteral("--dump"), write(QLatin1String(name), ini) });
+        for (const char *name : {"script.ini", "SCRIPT.INI", "Script.Ini", ".ini"}) {
+            const Run run = lint({QStringLiteral("--dump"), write(QLatin1String(name), ini)});
             QCOMPARE(briefs(field(run.files, 0, "reports")), briefs(asLoaded));
             QStringList texts;
             for (const QJsonValue &line : field(run.files, 0, "lines"))
                 texts << line["text"].toString();
             QCOMPARE(texts, asLoaded.split(QLatin1Char('\n')));
         }
-        const Run plain = lint({ QStringLiteral("--dump"), write(QStringLiteral("script.ini.bak"), ini) });
-        QCOMPARE(field(plain.files, 0, "lines").at(0)["text"].toString(), QStringLiteral("[script]"));
+        const Run plain
+            = lint({QStringLiteral("--dump"), write(QStringLiteral("script.ini.bak"), ini)});
+        QCOMPARE(field(plain.files, 0, "lines").at(0)["text"].toString(),
+                 QStringLiteral("[script]"));
     }
 
     void exitCodes_data()
     {
         QTest::addColumn<QStringList>("args");
         QTest::addColumn<int>("exitCode");
-        QTest::newRow("clean") << QStringList({ "clean.mrc" }) << 0;
-        QTest::newRow("notes only") << QStringList({ "notes.mrc" }) << 0;
-        QTest::newRow("error") << QStringList({ "./-broken.mrc" }) << 1;
-        QTest::newRow("error, json") << QStringList({ "--json", "./-broken.mrc" }) << 1;
-        QTest::newRow("error, dump") << QStringList({ "--dump", "./-broken.mrc" }) << 1;
-        QTest::newRow("dash name after --") << QStringList({ "--", "-broken.mrc" }) << 1;
-        QTest::newRow("options before --") << QStringList({ "--json", "--", "-broken.mrc" }) << 1;
-        QTest::newRow("dash name without --") << QStringList({ "-broken.mrc" }) << 2;
-        QTest::newRow("unknown option") << QStringList({ "--frobnicate", "clean.mrc" }) << 2;
+        QTest::newRow("clean") << QStringList({"clean.mrc"}) << 0;
+        QTest::newRow("notes only") << QStringList({"notes.mrc"}) << 0;
+        QTest::newRow("error") << QStringList({"./-broken.mrc"}) << 1;
+        QTest::newRow("error, json") << QStringList({"--json", "./-broken.mrc"}) << 1;
+        QTest::newRow("error, dump") << QStringList({"--dump", "./-broken.mrc"}) << 1;
+        QTest::newRow("dash name after --") << QStringList({"--", "-broken.mrc"}) << 1;
+        QTest::newRow("options before --") << QStringList({"--json", "--", "-broken.mrc"}) << 1;
+        QTest::newRow("dash name without --") << QStringList({"-broken.mrc"}) << 2;
+        QTest::newRow("unknown option") << QStringList({"--frobnicate", "clean.mrc"}) << 2;
         QTest::newRow("no file") << QStringList() << 2;
-        QTest::newRow("only --") << QStringList({ "--" }) << 2;
+        QTest::newRow("only --") << QStringList({"--"}) << 2;
     }
 
     void exitCodes()
@@ -257,13 +297,15 @@ private slots:
         QFile::setPermissions(locked, QFileDevice::Permissions());
         const bool lockHolds = !QFile(locked).open(QIODevice::ReadOnly);
 
-        const Run run = lint({ a, missing, folder, locked, b });
+        const Run run = lint({a, missing, folder, locked, b});
         QCOMPARE(run.exitCode, 2);
-        for (const QString &name : { missing, folder, locked })
+        for (const QString &name : {missing, folder, locked})
             QVERIFY2(run.err.contains(name) || (name == locked && !lockHolds), qPrintable(run.err));
-        QCOMPARE(lines(run).filter(QRegularExpression(QStringLiteral("^(%1|%2):2:").arg(a, b))).size(), 2);
+        QCOMPARE(
+            lines(run).filter(QRegularExpression(QStringLiteral("^(%1|%2):2:").arg(a, b))).size(),
+            2);
 
-        const Run json = lint({ QStringLiteral("--json"), a, missing, b });
+        const Run json = lint({QStringLiteral("--json"), a, missing, b});
         QCOMPARE(json.exitCode, 2);
         QCOMPARE(json.files.size(), 3);
         QVERIFY(json.files.at(1).toObject().contains(QLatin1String("error")));
@@ -282,16 +324,17 @@ private slots:
         QTest::newRow("invalid UTF-8") << QByteArray("alias \xff\xfe {\n  echo \xc3\x28\n}\n");
         QTest::newRow("empty") << QByteArray();
         QTest::newRow("CR only") << QByteArray("alias a {\r  echo $calc(\r}\r");
-        QTest::newRow("long line") << QByteArray("alias a { echo ").append(QByteArray(200000, '(')).append("\n");
+        QTest::newRow("long line")
+            << QByteArray("alias a { echo ").append(QByteArray(200000, '(')).append("\n");
     }
 
     void badContentNeverCrashes()
     {
         QFETCH(QByteArray, content);
         const QString path = write(QStringLiteral("bad.mrc"), content);
-        const Run text = lint({ path });
+        const Run text = lint({path});
         QVERIFY(text.exitCode == 0 || text.exitCode == 1);
-        const Run dumped = lint({ QStringLiteral("--dump"), path });
+        const Run dumped = lint({QStringLiteral("--dump"), path});
         QCOMPARE(dumped.exitCode, text.exitCode);
         QCOMPARE(field(dumped.files, 0, "reports").size(), lines(text).size());
     }
@@ -300,9 +343,9 @@ private slots:
     void runsWithoutDisplay()
     {
         QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        for (const char *name : { "QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY" })
+        for (const char *name : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"})
             env.remove(QLatin1String(name));
-        const Run run = lint({ write(QStringLiteral("nodisplay.mrc"), broken) }, QString(), env);
+        const Run run = lint({write(QStringLiteral("nodisplay.mrc"), broken)}, QString(), env);
         QCOMPARE(run.exitCode, 1);
     }
 };
