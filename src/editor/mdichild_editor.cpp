@@ -86,6 +86,11 @@ void MdiChildEditor::setFile(QFileInfo fileName, bool nofile, bool isReadOnly)
     }
     syntaxHighlighter->setFn(fileName.absoluteFilePath());
     editor->document()->setModified(false);
+    // Loading an empty text, Qt reports a modification and then clears the
+    // document's flag without a word; without this an untouched empty file
+    // would carry the changed mark and be asked about on closing.
+    if (didChange)
+        documentedModified(false);
     editor->setReadOnly(isReadOnly);
 }
 
