@@ -16,6 +16,7 @@
 #include <QCompleter>
 #include <QDockWidget>
 #include <QLabel>
+#include <QMap>
 #include <QPainter>
 #include <QPointer>
 #include <QTest>
@@ -128,6 +129,16 @@ inline QString unescape(const QString &s, QPair<int, int> *marks = nullptr)
         out += c;
     }
     return out;
+}
+
+// A case whose lines are "key value": the values by key, unescaped.
+inline QMap<QString, QString> keyedLines(const QStringList &lines)
+{
+    QMap<QString, QString> values;
+    for (const QString &line : lines)
+        values.insert(line.section(QLatin1Char(' '), 0, 0),
+                      unescape(line.section(QLatin1Char(' '), 1)));
+    return values;
 }
 
 // Acts on the modal dialogs (or popups) that come up inside a nested event

@@ -96,10 +96,7 @@ private slots:
     void loadAndSave()
     {
         QFETCH(QStringList, lines);
-        QMap<QString, QString> c;
-        for (const QString &line : lines)
-            c.insert(line.section(QLatin1Char(' '), 0, 0),
-                     unescape(line.section(QLatin1Char(' '), 1)));
+        const QMap<QString, QString> c = keyedLines(lines);
         const QString name = c.value(QStringLiteral("name"));
         const QByteArray disk = c.value(QStringLiteral("disk")).toUtf8();
         writeBytes(path(name), disk);

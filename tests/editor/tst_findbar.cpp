@@ -146,10 +146,7 @@ private slots:
     void modes()
     {
         QFETCH(QStringList, lines);
-        QMap<QString, QString> c;
-        for (const QString &line : lines)
-            c.insert(line.section(QLatin1Char(' '), 0, 0),
-                     unescape(line.section(QLatin1Char(' '), 1)));
+        const QMap<QString, QString> c = keyedLines(lines);
         const QStringList modes{"plain", "case", "pattern", "words", "ident", "", "", "7"};
         const int mode = modes.indexOf(lines.value(0).section(QLatin1Char(' '), 0, 0));
         QVERIFY(mode >= 0);
