@@ -1,398 +1,15 @@
-// Draws every image Tarnwick loads from its resources, the desktop icon in
-// its theme sizes, and the resource collection that names the images.
-//
-//   icongen <resources-dir>
-//
-// All artwork is drawn here from plain shapes on a 16-unit grid, scaled to
-// the size each image is shown at. PNGs have a transparent background; BMPs
-// carry no alpha, so they are painted on the light grey of a toolbar.
+// The pictures themselves, grouped by where the program shows them.
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QGuiApplication>
-#include <QImage>
+#include "pictures.h"
+
+#include "shapes.h"
+
 #include <QLinearGradient>
-#include <QPainter>
 #include <QPainterPath>
 #include <QPolygonF>
-#include <QTextStream>
 #include <QtMath>
 
-#include <cstdio>
 #include <functional>
-#include <vector>
-
-namespace {
-
-using Draw = std::function<void(QPainter &)>;
-
-struct Entry
-{
-    QString prefix; // resource prefix, as "/find"
-    QString file;   // below the resources directory, as "img_assets/editor/find/magnify.png"
-    int size;
-    Draw draw;
-};
-
-// ---------------------------------------------------------------- palette
-
-const QColor kOutline(90, 90, 90);
-const QColor kPaperShade(222, 226, 232);
-const QColor kTextGrey(150, 156, 166);
-const QColor kToolbarGrey(240, 240, 240);
-
-const QColor kBlue(41, 110, 220);
-const QColor kGreen(46, 160, 60);
-const QColor kGrey(140, 140, 140);
-const QColor kOrange(245, 140, 30);
-const QColor kRed(220, 40, 40);
-const QColor kYellow(245, 215, 30);
-
-// ---------------------------------------------------------------- primitives
-
-QPen line(const QColor &c, qreal width = 1.0)
-{
-    QPen pen(c, width);
-    pen.setCapStyle(Qt::RoundCap);
-    pen.setJoinStyle(Qt::RoundJoin);
-    return pen;
-}
-
-QPen flatLine(const QColor &c, qreal width = 1.0)
-{
-    QPen pen(c, width);
-    pen.setCapStyle(Qt::FlatCap);
-    pen.setJoinStyle(Qt::MiterJoin);
-    return pen;
-}
-
-// Text as a filled outline, fitted into a box: independent of the screen
-// resolution, so every run draws the same pixels.
-void fitText(QPainter &p, const QRectF &box, const QString &text, const QColor &c,
-             bool bold = true)
-{
-    QFont font(QStringLiteral("DejaVu Sans"));
-    font.setPixelSize(100);
-    font.setBold(bold);
-    QPainterPath path;
-    path.addText(0, 0, font, text);
-    const QRectF b = path.boundingRect();
-    const qreal scale = qMin(box.width() / b.width(), box.height() / b.height());
-    QTransform t;
-    t.translate(box.center().x(), box.center().y());
-    t.scale(scale, scale);
-    t.translate(-b.center().x(), -b.center().y());
-    p.save();
-    p.setPen(Qt::NoPen);
-    p.setBrush(c);
-    p.drawPath(t.map(path));
-    p.restore();
-}
-
-// A solid arrow from `from` to `to`, the head ending at `to`.
-void arrow(QPainter &p, QPointF from, QPointF to, const QColor &c, qreal shaft = 2.6,
-           qreal headWidth = 8.0, qreal headLength = 5.0)
-{
-    const QLineF l(from, to);
-    const qreal len = l.length();
-    const QPointF d = (to - from) / len;
-    const QPointF n(-d.y(), d.x());
-    const QPointF neck = to - d * headLength;
-    QPolygonF poly;
-    poly << from + n * shaft / 2 << neck + n * shaft / 2 << neck + n * headWidth / 2 << to
-         << neck - n * headWidth / 2 << neck - n * shaft / 2 << from - n * shaft / 2;
-    p.setPen(line(c.darker(150), 0.8));
-    p.setBrush(c);
-    p.drawPolygon(poly);
-}
-
-void triangle(QPainter &p, QPointF a, QPointF b, QPointF c, const QColor &fill)
-{
-    p.setPen(line(fill.darker(140), 0.8));
-    p.setBrush(fill);
-    p.drawPolygon(QPolygonF() << a << b << c);
-}
-
-// A sheet of paper with a folded corner.
-void sheet(QPainter &p, const QRectF &r, const QColor &fill = Qt::white)
-{
-    const qreal ear = qMin(r.width(), r.height()) * 0.35;
-    QPainterPath body;
-    body.moveTo(r.topLeft());
-    body.lineTo(r.right() - ear, r.top());
-    body.lineTo(r.right(), r.top() + ear);
-    body.lineTo(r.bottomRight());
-    body.lineTo(r.bottomLeft());
-    body.closeSubpath();
-    p.setPen(line(kOutline, 1.0));
-    p.setBrush(fill);
-    p.drawPath(body);
-    QPainterPath fold;
-    fold.moveTo(r.right() - ear, r.top());
-    fold.lineTo(r.right() - ear, r.top() + ear);
-    fold.lineTo(r.right(), r.top() + ear);
-    fold.closeSubpath();
-    p.setBrush(kPaperShade);
-    p.drawPath(fold);
-}
-
-// Lines of text of varying length, evenly spread over `r`.
-void textLines(QPainter &p, const QRectF &r, const QColor &c, int count, qreal width = 1.0)
-{
-    p.setPen(flatLine(c, width));
-    const qreal step = count > 1 ? r.height() / (count - 1) : 0;
-    for (int i = 0; i < count; ++i) {
-        const qreal y = r.top() + i * step;
-        const qreal shorten = (i % 3 == 1) ? r.width() * 0.3 : (i % 3 == 2 ? r.width() * 0.12 : 0);
-        p.drawLine(QPointF(r.left(), y), QPointF(r.right() - shorten, y));
-    }
-}
-
-void badge(QPainter &p, QPointF c, qreal radius, const QColor &fill)
-{
-    p.setPen(line(fill.darker(150), 0.8));
-    p.setBrush(fill);
-    p.drawEllipse(c, radius, radius);
-}
-
-void plusMark(QPainter &p, QPointF c, qreal half, const QColor &color, qreal width)
-{
-    p.setPen(flatLine(color, width));
-    p.drawLine(c - QPointF(half, 0), c + QPointF(half, 0));
-    p.drawLine(c - QPointF(0, half), c + QPointF(0, half));
-}
-
-void minusMark(QPainter &p, QPointF c, qreal half, const QColor &color, qreal width)
-{
-    p.setPen(flatLine(color, width));
-    p.drawLine(c - QPointF(half, 0), c + QPointF(half, 0));
-}
-
-void crossMark(QPainter &p, QPointF c, qreal half, const QColor &color, qreal width)
-{
-    p.setPen(line(color, width));
-    p.drawLine(c + QPointF(-half, -half), c + QPointF(half, half));
-    p.drawLine(c + QPointF(-half, half), c + QPointF(half, -half));
-}
-
-// A plus or minus of two strokes: a dark rim under a bright core.
-void boldPlus(QPainter &p, QPointF c, qreal half, const QColor &color)
-{
-    plusMark(p, c, half + 0.6, color.darker(150), 4.0);
-    plusMark(p, c, half, color, 2.6);
-}
-
-void boldMinus(QPainter &p, QPointF c, qreal half, const QColor &color)
-{
-    minusMark(p, c, half + 0.6, color.darker(150), 4.0);
-    minusMark(p, c, half, color, 2.6);
-}
-
-void floppy(QPainter &p, const QRectF &r, const QColor &body)
-{
-    const qreal w = r.width(), h = r.height();
-    QPainterPath shell;
-    shell.moveTo(r.topLeft());
-    shell.lineTo(r.right() - w * 0.15, r.top());
-    shell.lineTo(r.right(), r.top() + h * 0.15);
-    shell.lineTo(r.bottomRight());
-    shell.lineTo(r.bottomLeft());
-    shell.closeSubpath();
-    p.setPen(line(body.darker(160), 1.0));
-    p.setBrush(body);
-    p.drawPath(shell);
-    // Metal shutter with its slot.
-    p.setPen(line(QColor(120, 125, 130), 0.6));
-    p.setBrush(QColor(208, 212, 218));
-    p.drawRect(QRectF(r.left() + w * 0.24, r.top(), w * 0.5, h * 0.36));
-    p.setPen(Qt::NoPen);
-    p.setBrush(body.darker(130));
-    p.drawRect(QRectF(r.left() + w * 0.54, r.top() + h * 0.06, w * 0.12, h * 0.22));
-    // Label.
-    p.setBrush(Qt::white);
-    const QRectF label(r.left() + w * 0.14, r.top() + h * 0.52, w * 0.72, h * 0.48 - 0.6);
-    p.drawRect(label);
-    textLines(p, label.adjusted(w * 0.1, h * 0.12, -w * 0.1, -h * 0.14), QColor(170, 170, 180),
-              2, 0.8);
-}
-
-void folder(QPainter &p, const QRectF &r, const QColor &c = QColor(240, 190, 60))
-{
-    p.setPen(line(c.darker(160), 0.9));
-    p.setBrush(c.darker(115));
-    QPainterPath back;
-    back.moveTo(r.left(), r.bottom());
-    back.lineTo(r.left(), r.top());
-    back.lineTo(r.left() + r.width() * 0.38, r.top());
-    back.lineTo(r.left() + r.width() * 0.48, r.top() + 1.6);
-    back.lineTo(r.right() - 0.5, r.top() + 1.6);
-    back.lineTo(r.right() - 0.5, r.bottom());
-    back.closeSubpath();
-    p.drawPath(back);
-    p.setBrush(c);
-    QPolygonF front;
-    front << QPointF(r.left() + 1.6, r.top() + r.height() * 0.38)
-          << QPointF(r.right(), r.top() + r.height() * 0.38) << QPointF(r.right() - 1.6, r.bottom())
-          << QPointF(r.left(), r.bottom());
-    p.drawPolygon(front);
-}
-
-void magnifier(QPainter &p, QPointF c, qreal radius, const QColor &rim, const QColor &glass,
-               const QColor &handle)
-{
-    const QPointF start = c + QPointF(radius, radius) * 0.72;
-    p.setPen(line(handle, 2.8));
-    p.drawLine(start, start + QPointF(4.0, 4.0));
-    p.setPen(line(rim, 1.7));
-    p.setBrush(glass);
-    p.drawEllipse(c, radius, radius);
-    p.setPen(line(QColor(255, 255, 255, 200), 0.9));
-    p.setBrush(Qt::NoBrush);
-    p.drawArc(QRectF(c.x() - radius * 0.6, c.y() - radius * 0.6, radius * 1.2, radius * 1.2),
-              100 * 16, 70 * 16);
-}
-
-// A little application window: title bar, close box, grey body.
-QRectF window(QPainter &p, const QRectF &r, const QColor &title)
-{
-    p.setPen(line(kOutline, 1.0));
-    p.setBrush(QColor(236, 236, 236));
-    p.drawRect(r);
-    const qreal bar = qMax<qreal>(2.6, r.height() * 0.24);
-    p.setBrush(title);
-    p.drawRect(QRectF(r.left(), r.top(), r.width(), bar));
-    p.setPen(Qt::NoPen);
-    p.setBrush(QColor(235, 80, 70));
-    p.drawRect(QRectF(r.right() - 2.4, r.top() + 0.8, 1.6, bar - 1.6));
-    return QRectF(r.left() + 1, r.top() + bar + 1, r.width() - 2, r.height() - bar - 2);
-}
-
-void padlock(QPainter &p, const QRectF &r)
-{
-    p.setPen(line(QColor(110, 110, 110), 1.2));
-    p.setBrush(Qt::NoBrush);
-    const QRectF shackle(r.left() + r.width() * 0.2, r.top(), r.width() * 0.6, r.height() * 0.8);
-    p.drawArc(shackle, 0, 180 * 16);
-    p.drawLine(QPointF(shackle.left(), shackle.center().y()),
-               QPointF(shackle.left(), r.top() + r.height() * 0.5));
-    p.drawLine(QPointF(shackle.right(), shackle.center().y()),
-               QPointF(shackle.right(), r.top() + r.height() * 0.5));
-    p.setPen(line(QColor(150, 110, 20), 0.8));
-    p.setBrush(QColor(232, 182, 40));
-    p.drawRoundedRect(QRectF(r.left(), r.top() + r.height() * 0.42, r.width(), r.height() * 0.58),
-                      0.8, 0.8);
-}
-
-void picture(QPainter &p, const QRectF &r, const QColor &frame)
-{
-    p.setPen(line(frame, 1.2));
-    p.setBrush(QColor(160, 205, 245));
-    p.drawRect(r);
-    p.setPen(Qt::NoPen);
-    p.setBrush(QColor(250, 210, 40));
-    p.drawEllipse(QPointF(r.right() - r.width() * 0.27, r.top() + r.height() * 0.3),
-                  r.width() * 0.11, r.width() * 0.11);
-    p.setBrush(QColor(60, 150, 70));
-    QPolygonF hills;
-    hills << QPointF(r.left() + 0.6, r.bottom() - 0.6)
-          << QPointF(r.left() + r.width() * 0.35, r.top() + r.height() * 0.4)
-          << QPointF(r.left() + r.width() * 0.6, r.top() + r.height() * 0.72)
-          << QPointF(r.left() + r.width() * 0.75, r.top() + r.height() * 0.56)
-          << QPointF(r.right() - 0.6, r.bottom() - 0.6);
-    p.drawPolygon(hills);
-}
-
-// A message bubble in one colour, its tail at the lower left.
-void bubble(QPainter &p, const QColor &c)
-{
-    QPainterPath body;
-    body.addRoundedRect(QRectF(1.5, 2.0, 13.0, 9.5), 3.0, 3.0);
-    QPainterPath tail;
-    tail.addPolygon(QPolygonF() << QPointF(4.0, 10.5) << QPointF(3.2, 14.8) << QPointF(8.6, 10.5));
-    tail.closeSubpath();
-    p.setPen(line(c.darker(150), 1.0));
-    p.setBrush(c);
-    p.drawPath(body.united(tail));
-    p.setPen(flatLine(c.lighter(150), 1.0));
-    p.drawLine(QPointF(4.5, 5.5), QPointF(11.5, 5.5));
-    p.drawLine(QPointF(4.5, 8.0), QPointF(9.5, 8.0));
-}
-
-void roundedTile(QPainter &p, const QColor &fill, const QColor &border, qreal borderWidth = 1.0)
-{
-    p.setPen(line(border, borderWidth));
-    p.setBrush(fill);
-    p.drawRoundedRect(QRectF(1.5, 1.5, 13, 13), 3, 3);
-}
-
-void cylinder(QPainter &p, const QRectF &r, const QColor &c)
-{
-    const qreal cap = r.height() * 0.28;
-    QPainterPath body;
-    body.moveTo(r.left(), r.top() + cap / 2);
-    body.lineTo(r.left(), r.bottom() - cap / 2);
-    body.arcTo(QRectF(r.left(), r.bottom() - cap, r.width(), cap), 180, 180);
-    body.lineTo(r.right(), r.top() + cap / 2);
-    body.closeSubpath();
-    p.setPen(line(c.darker(160), 0.9));
-    p.setBrush(c);
-    p.drawPath(body);
-    p.setBrush(c.lighter(135));
-    p.drawEllipse(QRectF(r.left(), r.top(), r.width(), cap));
-    p.setBrush(Qt::NoBrush);
-    p.setPen(line(c.darker(130), 0.7));
-    p.drawArc(QRectF(r.left(), r.top() + r.height() * 0.33, r.width(), cap), 180 * 16, 180 * 16);
-    p.drawArc(QRectF(r.left(), r.top() + r.height() * 0.56, r.width(), cap), 180 * 16, 180 * 16);
-}
-
-void cube(QPainter &p, QPointF centre, qreal size, const QColor &c)
-{
-    const qreal s = size / 2;
-    const QPointF top(centre.x(), centre.y() - s);
-    const QPointF left(centre.x() - s * 0.87, centre.y() - s / 2);
-    const QPointF right(centre.x() + s * 0.87, centre.y() - s / 2);
-    const QPointF mid = centre;
-    const QPointF bl(left.x(), left.y() + s);
-    const QPointF br(right.x(), right.y() + s);
-    const QPointF bottom(centre.x(), centre.y() + s);
-    p.setPen(line(c.darker(170), 0.8));
-    p.setBrush(c.lighter(140));
-    p.drawPolygon(QPolygonF() << top << right << mid << left);
-    p.setBrush(c);
-    p.drawPolygon(QPolygonF() << left << mid << bottom << bl);
-    p.setBrush(c.darker(125));
-    p.drawPolygon(QPolygonF() << mid << right << br << bottom);
-}
-
-void gear(QPainter &p, QPointF c, qreal outer, const QColor &color, int teeth = 8)
-{
-    QPainterPath path;
-    const qreal inner = outer * 0.74;
-    for (int i = 0; i < teeth * 4; ++i) {
-        const qreal a = (i * 2 * M_PI) / (teeth * 4) - M_PI / 2;
-        const qreal r = ((i / 2) % 2 == 0) ? outer : inner;
-        const QPointF pt = c + QPointF(qCos(a), qSin(a)) * r;
-        if (i == 0)
-            path.moveTo(pt);
-        else
-            path.lineTo(pt);
-    }
-    path.closeSubpath();
-    QPainterPath hole;
-    hole.addEllipse(c, outer * 0.32, outer * 0.32);
-    p.setPen(line(color.darker(160), 0.7));
-    p.setBrush(color);
-    p.drawPath(path.subtracted(hole));
-}
-
-// A white field of a form, as edit boxes and lists are drawn.
-void field(QPainter &p, const QRectF &r)
-{
-    p.setPen(flatLine(QColor(120, 120, 120), 1.0));
-    p.setBrush(Qt::white);
-    p.drawRect(r);
-}
 
 // ---------------------------------------------------------------- main menu and toolbars
 
@@ -479,6 +96,8 @@ void drawMenuDelete(QPainter &p)
     crossMark(p, QPointF(8, 8), 5, QColor(225, 55, 55), 2.2);
 }
 
+namespace {
+
 void infoSign(QPainter &p, const QColor &c, bool ring)
 {
     badge(p, QPointF(8, 8), 6.8, c);
@@ -492,6 +111,8 @@ void infoSign(QPainter &p, const QColor &c, bool ring)
     p.drawEllipse(QPointF(8, 4.7), 1.25, 1.25);
     p.drawRoundedRect(QRectF(7.0, 6.7, 2.0, 5.8), 0.5, 0.5);
 }
+
+} // namespace
 
 void drawInfo(QPainter &p) { infoSign(p, QColor(45, 115, 205), true); }
 
@@ -652,12 +273,16 @@ void drawProperty(QPainter &p)
     p.drawEllipse(QPointF(8, 8), 1.8, 1.8);
 }
 
+namespace {
+
 void identTile(QPainter &p, const QColor &fill, const QColor &border, const QColor &sign,
                qreal borderWidth)
 {
     roundedTile(p, fill, border, borderWidth);
     fitText(p, QRectF(4.5, 3.0, 7, 10), QStringLiteral("$"), sign);
 }
+
+} // namespace
 
 void drawBuiltIdent(QPainter &p)
 {
@@ -1054,6 +679,8 @@ void drawFoldRight(QPainter &p)
     triangle(p, QPointF(5.5, 3.5), QPointF(5.5, 12.5), QPointF(11.5, 8), kFoldBlock);
 }
 
+namespace {
+
 // The frame is kept pale so that the arrow inside carries the picture.
 void groupBox(QPainter &p)
 {
@@ -1061,6 +688,8 @@ void groupBox(QPainter &p)
     p.setBrush(QColor(232, 245, 232));
     p.drawRoundedRect(QRectF(1.5, 1.5, 13, 13), 2, 2);
 }
+
+} // namespace
 
 void drawFoldExpanded2(QPainter &p)
 {
@@ -1076,10 +705,14 @@ void drawFoldRight2(QPainter &p)
 
 // ---------------------------------------------------------------- find bar
 
+namespace {
+
 void searchGlass(QPainter &p, const QColor &c)
 {
     magnifier(p, QPointF(6.5, 6.5), 4.6, c.darker(125), c.lighter(140), c.darker(150));
 }
+
+} // namespace
 
 void drawMagnify(QPainter &p)
 {
@@ -1118,6 +751,8 @@ void drawFrmIcon(QPainter &p)
     p.drawRoundedRect(QRectF(body.right() - 5.5, body.bottom() - 3.2, 4.5, 2.4), 0.5, 0.5);
 }
 
+namespace {
+
 void gridDots(QPainter &p, const QColor &c)
 {
     p.setPen(Qt::NoPen);
@@ -1126,6 +761,8 @@ void gridDots(QPainter &p, const QColor &c)
         for (int j = 0; j < 4; ++j)
             p.drawRect(QRectF(1.5 + i * 4, 1.5 + j * 4, 1.2, 1.2));
 }
+
+} // namespace
 
 void drawAlignToGrid(QPainter &p)
 {
@@ -1257,6 +894,8 @@ void drawTbList(QPainter &p)
     p.drawLine(QPointF(3, 7.5), QPointF(12, 7.5));
 }
 
+namespace {
+
 // Markers of list rows are only four pixels across: kept on whole pixels,
 // so that they stay sharp.
 void smallCheck(QPainter &p, qreal y, bool ticked)
@@ -1293,6 +932,8 @@ void listRows(QPainter &p, const std::function<void(int row, qreal y)> &marker)
         p.drawLine(QPointF(8, y + 0.5), QPointF(row == 1 ? 11 : 13, y + 0.5));
     }
 }
+
+} // namespace
 
 void drawTbCheckList(QPainter &p)
 {
@@ -1446,247 +1087,4 @@ void drawAppIcon(QPainter &p)
     p.setPen(line(QColor(247, 160, 40), 1.5));
     p.setBrush(Qt::NoBrush);
     p.drawPath(brace);
-}
-
-// ---------------------------------------------------------------- the catalogue
-
-std::vector<Entry> catalogue()
-{
-    const QString mainDir = QStringLiteral("img_assets/options/main/");
-    const QString tabsDir = mainDir + QStringLiteral("tabs/");
-    const QString syntaxDir = QStringLiteral("img_assets/messages/syntax/");
-    const QString msgsDir = syntaxDir + QStringLiteral("msgs/");
-    const QString ddeDir = QStringLiteral("img_assets/options/dde/");
-    const QString newDir = QStringLiteral("img_assets/new_type/");
-    const QString completerDir = QStringLiteral("img_assets/completer/");
-    const QString comDir = QStringLiteral("img_assets/com/");
-    const QString blockDir = QStringLiteral("img_assets/editor/block/");
-    const QString findDir = QStringLiteral("img_assets/editor/find/");
-    const QString controlsDir = QStringLiteral("img_assets/controls/");
-    const QString toolboxDir = QStringLiteral("img_assets/toolbox/");
-
-    const QString tabbar = QStringLiteral("/tabbar");
-    const QString toolbar = QStringLiteral("/general/toolbar");
-    const QString syntax = QStringLiteral("/messages/syntax");
-    const QString msgs = QStringLiteral("/messages/syntax/msgs");
-    const QString dde = QStringLiteral("/options/dde");
-    const QString newFile = QStringLiteral("/newFile");
-    const QString completer = QStringLiteral("/completer");
-    const QString com = QStringLiteral("/completer/com");
-    const QString block = QStringLiteral("/block");
-    const QString find = QStringLiteral("/find");
-    const QString general = QStringLiteral("/general");
-    const QString guiToolbar = QStringLiteral("/guiToolbar");
-    const QString toolbox = QStringLiteral("/toolbox");
-    const QString statusbar = QStringLiteral("/statusbar");
-
-    auto bubbleOf = [](QColor c) { return [c](QPainter &p) { bubble(p, c); }; };
-
-    return {
-        { tabbar, tabsDir + "dialog.png", 16, drawTabDialog },
-        { tabbar, tabsDir + "file.png", 16, drawTabFile },
-        { tabbar, tabsDir + "file-read-only.png", 16, drawTabFileReadOnly },
-
-        { toolbar, mainDir + "save_all.png", 16, drawSaveAll },
-        { toolbar, mainDir + "exit.png", 16, drawExit },
-        { toolbar, mainDir + "undo.png", 16, drawUndo },
-        { toolbar, mainDir + "redo.png", 16, drawRedo },
-        { toolbar, mainDir + "cut.png", 16, drawCut },
-        { toolbar, mainDir + "copy.png", 16, drawCopy },
-        { toolbar, mainDir + "paste.png", 16, drawPaste },
-        { toolbar, mainDir + "delete.png", 16, drawMenuDelete },
-        { toolbar, mainDir + "info.png", 16, drawInfo },
-        { toolbar, mainDir + "page_white_add.png", 16, drawPageAdd },
-        { toolbar, mainDir + "folder_page.png", 16, drawFolderPage },
-        { toolbar, mainDir + "page_white_delete.png", 16, drawPageDelete },
-        { toolbar, mainDir + "save.png", 16, drawSave },
-        { toolbar, mainDir + "share.png", 16, drawShare },
-
-        { syntax, syntaxDir + "information.png", 16, drawInformation },
-        { syntax, syntaxDir + "warning.png", 16, drawWarning },
-        { syntax, syntaxDir + "error.png", 16, drawError },
-
-        { msgs, msgsDir + "blue.png", 16, bubbleOf(kBlue) },
-        { msgs, msgsDir + "green.png", 16, bubbleOf(kGreen) },
-        { msgs, msgsDir + "grey.png", 16, bubbleOf(kGrey) },
-        { msgs, msgsDir + "orange.png", 16, bubbleOf(kOrange) },
-        { msgs, msgsDir + "red.png", 16, bubbleOf(kRed) },
-        { msgs, msgsDir + "yellow.png", 16, bubbleOf(kYellow) },
-
-        { dde, ddeDir + "add.png", 16, drawDdeAdd },
-        { dde, ddeDir + "delete.png", 16, drawDdeDelete },
-
-        { newFile, newDir + "blank.png", 32, drawNewBlank },
-        { newFile, newDir + "dialog.png", 32, drawNewDialog },
-        { newFile, newDir + "dialog_code.png", 32, drawNewDialogCode },
-        { newFile, newDir + "picwin.png", 32, drawNewPicWin },
-        { newFile, newDir + "scriptFile.png", 32, drawNewScript },
-        { newFile, newDir + "textFile.png", 32, drawNewText },
-
-        { completer, completerDir + "property.png", 16, drawProperty },
-        { completer, completerDir + "builtident.png", 16, drawBuiltIdent },
-        { completer, completerDir + "customident.png", 16, drawCustomIdent },
-        { completer, completerDir + "customlocalident.png", 16, drawCustomLocalIdent },
-
-        { com, comDir + "com.shell.png", 16, drawComShell },
-        { com, comDir + "com.png", 16, drawComGeneric },
-        { com, comDir + "com.explorer.png", 16, drawComExplorer },
-        { com, comDir + "com.win.png", 16, drawComWin },
-        { com, comDir + "com.xml.png", 16, drawComXml },
-        { com, comDir + "com.skype.png", 16, drawComSkype },
-        { com, comDir + "com.itunes.png", 16, drawComItunes },
-        { com, comDir + "com.app.png", 16, drawComApp },
-        { com, comDir + "com.snagit.png", 16, drawComSnagit },
-        { com, comDir + "com.word.png", 16, drawComWord },
-        { com, comDir + "com.excel.png", 16, drawComExcel },
-        { com, comDir + "com.pp.png", 16, drawComPowerPoint },
-        { com, comDir + "com.access.png", 16, drawComAccess },
-        { com, comDir + "com.ie.png", 16, drawComIe },
-        { com, comDir + "com.frontpage.png", 16, drawComFrontPage },
-        { com, comDir + "com.outlook.png", 16, drawComOutlook },
-        { com, comDir + "com.photoshop.png", 16, drawComPhotoshop },
-        { com, comDir + "com.adobe.png", 16, drawComAdobe },
-        { com, comDir + "com.email.png", 16, drawComEmail },
-        { com, comDir + "com.database.png", 16, drawComDatabase },
-        { com, comDir + "com.lotus.png", 16, drawComLotus },
-        { com, comDir + "com.java.png", 16, drawComJava },
-        { com, comDir + "com.globe.png", 16, drawComGlobe },
-        { com, comDir + "com.dll.png", 16, drawComDll },
-        { com, comDir + "com.imagemagick.png", 16, drawComImageMagick },
-        { com, comDir + "com.oracle.png", 16, drawComOracle },
-        { com, comDir + "com.sql.png", 16, drawComSql },
-        { com, comDir + "com.virtualbox.png", 16, drawComVirtualBox },
-        { com, comDir + "com.unity.png", 16, drawComUnity },
-
-        { block, blockDir + "expanded.png", 16, drawFoldExpanded },
-        { block, blockDir + "right.png", 16, drawFoldRight },
-        { block, blockDir + "expanded2.png", 16, drawFoldExpanded2 },
-        { block, blockDir + "right2.png", 16, drawFoldRight2 },
-
-        { find, findDir + "magnify.png", 16, drawMagnify },
-        { find, findDir + "search_green.png", 16, drawSearchGreen },
-        { find, findDir + "search_red.png", 16, drawSearchRed },
-        { find, findDir + "search_blue.png", 16, drawSearchBlue },
-        { find, findDir + "search_orange.png", 16, drawSearchOrange },
-        { find, findDir + "previous.png", 16, drawPrevious },
-        { find, findDir + "next.png", 16, drawNext },
-        { find, findDir + "close.png", 16, drawClose },
-
-        { general, QStringLiteral("img_assets/frmIcon.png"), 32, drawFrmIcon },
-
-        { guiToolbar, controlsDir + "alignToGrid.bmp", 16, drawAlignToGrid },
-        { guiToolbar, controlsDir + "grid.bmp", 16, drawGrid },
-        { guiToolbar, controlsDir + "grid_plus.bmp", 16, drawGridPlus },
-        { guiToolbar, controlsDir + "grid_minus.bmp", 16, drawGridMinus },
-        { guiToolbar, controlsDir + "selectable.png", 16, drawSelectable },
-        { guiToolbar, controlsDir + "generate.png", 16, drawGenerate },
-
-        { toolbox, toolboxDir + "button.bmp", 16, drawTbButton },
-        { toolbox, toolboxDir + "edit.bmp", 16, drawTbEdit },
-        { toolbox, toolboxDir + "pass.bmp", 16, drawTbPass },
-        { toolbox, toolboxDir + "rich.bmp", 16, drawTbRich },
-        { toolbox, toolboxDir + "text.bmp", 16, drawTbText },
-        { toolbox, toolboxDir + "link.bmp", 16, drawTbLink },
-        { toolbox, toolboxDir + "combo.bmp", 16, drawTbCombo },
-        { toolbox, toolboxDir + "list.bmp", 16, drawTbList },
-        { toolbox, toolboxDir + "checkList.bmp", 16, drawTbCheckList },
-        { toolbox, toolboxDir + "check.bmp", 16, drawTbCheck },
-        { toolbox, toolboxDir + "radioList.bmp", 16, drawTbRadioList },
-        { toolbox, toolboxDir + "radio.bmp", 16, drawTbRadio },
-        { toolbox, toolboxDir + "icon.bmp", 16, drawTbIcon },
-        { toolbox, toolboxDir + "box.bmp", 16, drawTbBox },
-        { toolbox, toolboxDir + "tab.bmp", 16, drawTbTab },
-        { toolbox, toolboxDir + "tabPage.bmp", 16, drawTbTabPage },
-        { toolbox, toolboxDir + "vscroll.bmp", 16, drawTbVScroll },
-        { toolbox, toolboxDir + "hscroll.bmp", 16, drawTbHScroll },
-
-        { statusbar, QStringLiteral("img_assets/status/ruler.png"), 16, drawRuler },
-        // The window-size image sits one folder up from the ruler.
-        { statusbar, QStringLiteral("img_assets/window.png"), 16, drawWindowSize },
-    };
-}
-
-// ---------------------------------------------------------------- output
-
-QImage render(int size, bool opaque, const Draw &draw)
-{
-    QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
-    image.fill(opaque ? kToolbarGrey : QColor(Qt::transparent));
-    QPainter p(&image);
-    p.setRenderHint(QPainter::Antialiasing);
-    p.setRenderHint(QPainter::SmoothPixmapTransform);
-    p.scale(size / 16.0, size / 16.0);
-    draw(p);
-    p.end();
-    return opaque ? image.convertToFormat(QImage::Format_RGB32)
-                  : image.convertToFormat(QImage::Format_ARGB32);
-}
-
-bool writeImage(const QString &path, const QImage &image)
-{
-    if (!QDir().mkpath(QFileInfo(path).absolutePath()) || !image.save(path)) {
-        std::fprintf(stderr, "icongen: cannot write %s\n", qPrintable(path));
-        return false;
-    }
-    return true;
-}
-
-bool writeCollection(const QString &path, const std::vector<Entry> &entries)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Text)) {
-        std::fprintf(stderr, "icongen: cannot write %s\n", qPrintable(path));
-        return false;
-    }
-    QTextStream out(&file);
-    out << "<!DOCTYPE RCC>\n"
-        << "<!-- Written by scripts/make-icons; edit scripts/icongen/icongen.cpp instead. -->\n"
-        << "<RCC version=\"1.0\">\n";
-    QStringList prefixes;
-    for (const Entry &e : entries)
-        if (!prefixes.contains(e.prefix))
-            prefixes << e.prefix;
-    for (const QString &prefix : prefixes) {
-        out << "  <qresource prefix=\"" << prefix << "\">\n";
-        for (const Entry &e : entries)
-            if (e.prefix == prefix)
-                out << "    <file alias=\"resources/" << e.file << "\">" << e.file << "</file>\n";
-        out << "  </qresource>\n";
-    }
-    out << "</RCC>\n";
-    return out.status() == QTextStream::Ok;
-}
-
-} // namespace
-
-int main(int argc, char *argv[])
-{
-    // Text is turned into outlines, which needs the font database and thus
-    // a GUI application; no window is ever shown.
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QGuiApplication app(argc, argv);
-
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: icongen <resources-dir>\n");
-        return 2;
-    }
-    const QDir out(QString::fromLocal8Bit(argv[1]));
-
-    const std::vector<Entry> entries = catalogue();
-    bool ok = true;
-    for (const Entry &e : entries) {
-        const bool bmp = e.file.endsWith(QLatin1String(".bmp"));
-        ok = writeImage(out.filePath(e.file), render(e.size, bmp, e.draw)) && ok;
-    }
-    for (int size : { 16, 32, 48, 64, 128, 256 }) {
-        const QString path = out.filePath(
-            QStringLiteral("appicon/hicolor/%1x%1/apps/tarnwick.png").arg(size));
-        ok = writeImage(path, render(size, false, drawAppIcon)) && ok;
-    }
-    ok = writeCollection(out.filePath(QStringLiteral("mainIcons.qrc")), entries) && ok;
-
-    std::printf("icongen: %d images and 6 desktop icons in %s\n", int(entries.size()),
-                qPrintable(out.absolutePath()));
-    return ok ? 0 : 1;
 }
