@@ -57,7 +57,7 @@ bool writeCollection(const QString &path, const std::vector<Entry> &entries)
     }
     QTextStream out(&file);
     out << "<!DOCTYPE RCC>\n"
-        << "<!-- Written by scripts/make-icons; edit scripts/icongen/icongen.cpp instead. -->\n"
+        << "<!-- Written by scripts/make-icons; edit scripts/icongen/catalogue.cpp instead. -->\n"
         << "<RCC version=\"1.0\">\n";
     QStringList prefixes;
     for (const Entry &e : entries)
