@@ -60,7 +60,7 @@ int MslSyntaxHighlighter::currentLineNumber()
 
 CBlockData *MslSyntaxHighlighter::currentRecord()
 {
-    auto *data = static_cast<CBlockData *>(currentBlockUserData());
+    auto *data = recordOf(currentBlock());
     if (!data) {
         data = new CBlockData;
         setCurrentBlockUserData(data);
@@ -153,7 +153,7 @@ void MslSyntaxHighlighter::saveStatePossibleIdent(int pos)
 
 void MslSyntaxHighlighter::clearCurrentBlockUserData()
 {
-    auto *data = static_cast<CBlockData *>(currentBlockUserData());
+    auto *data = recordOf(currentBlock());
     if (!data) {
         // No connection yet: nothing has been reported for this line.
         data = new CBlockData;

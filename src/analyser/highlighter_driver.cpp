@@ -386,6 +386,6 @@ void MslSyntaxHighlighter::setMultiLine(bool multiLine)
 {
     // The record exists: every pass starts by resetting it. No connection is
     // made here; only reports and saved facts make one.
-    if (auto *data = static_cast<CBlockData *>(currentBlockUserData()))
+    if (auto *data = recordOf(currentBlock()))
         data->isMultiLine = multiLine;
 }

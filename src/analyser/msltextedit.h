@@ -4,6 +4,7 @@
 #include <QObject>
 #include <QString>
 #include <QSyntaxHighlighter>
+#include <QTextBlock>
 #include <QTextBlockUserData>
 #include <QVector>
 
@@ -59,6 +60,14 @@ public:
     int groupState = 0;        // 1 opens a group, 2 closes one
     QVector<Identifier> idents;
 };
+
+// The analyser's record of a block: the one way to it. Null where the
+// analyser has not been (no highlighter on the document, or a block it has
+// not reached yet); the analyser is the only one to put data on blocks.
+inline CBlockData *recordOf(const QTextBlock &block)
+{
+    return static_cast<CBlockData *>(block.userData());
+}
 
 // The line-by-line parser, linter and colouriser of mSL. Qt calls
 // highlightBlock() for each changed line; the block state carries the

@@ -412,7 +412,7 @@ QHash<int, int> ReportStore::lineNumbersById(const QTextDocument *document)
         return lines;
     int line = 1;
     for (QTextBlock block = document->firstBlock(); block.isValid(); block = block.next(), ++line) {
-        const auto *data = dynamic_cast<const CBlockData *>(block.userData());
+        const auto *data = recordOf(block);
         if (!data)
             continue;
         for (int id : data->remId.err) {

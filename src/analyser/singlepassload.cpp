@@ -23,7 +23,7 @@ int settleSinglePassIds(QTextDocument *document, ReportStore *store)
     int reports = 0;
     int reportingLines = 0;
     for (QTextBlock block = document->firstBlock(); block.isValid(); block = block.next()) {
-        auto *data = dynamic_cast<CBlockData *>(block.userData());
+        auto *data = recordOf(block);
         if (!data || data->remId.err.isEmpty())
             continue;
         records.append(data);

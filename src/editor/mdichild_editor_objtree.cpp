@@ -26,7 +26,7 @@ void MdiChildEditor::updateObjTree()
 
     for (QTextBlock block = editor->document()->firstBlock(); block.isValid();
          block = block.next()) {
-        const CBlockData *data = dynamic_cast<CBlockData *>(block.userData());
+        const CBlockData *data = recordOf(block);
         if (!data || data->containedBlock.isEmpty())
             continue;
 

@@ -309,7 +309,7 @@ QTextCursor MdiChildEditor::findNextIdent(const QString &identifier, const QText
         // Only forward of the start counts, so a backward search finds
         // nothing here.
         if (cc.position() > cursor.position()) {
-            if (const CBlockData *data = dynamic_cast<CBlockData *>(cc.block().userData())) {
+            if (const CBlockData *data = recordOf(cc.block())) {
                 const int column = cc.selectionStart() + cc.positionInBlock() - cc.selectionEnd();
                 const int length = cc.selectionEnd() - cc.selectionStart();
                 for (const Identifier &ident : data->idents) {

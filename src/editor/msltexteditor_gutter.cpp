@@ -23,11 +23,6 @@ const QString aliasFoldedIcon = QStringLiteral(":/block/resources/img_assets/edi
 const QString groupOpenIcon = QStringLiteral(":/block/resources/img_assets/editor/block/expanded2.png");
 const QString groupFoldedIcon = QStringLiteral(":/block/resources/img_assets/editor/block/right2.png");
 
-CBlockData *recordOf(const QTextBlock &block)
-{
-    return static_cast<CBlockData *>(block.userData());
-}
-
 bool opensMultiLineBlock(const CBlockData *data)
 {
     return data && !data->containedBlock.isEmpty() && data->isMultiLine;

@@ -30,11 +30,6 @@ bool isAcceptOrCancelKey(int key)
         || key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
-CBlockData *recordOf(const QTextBlock &block)
-{
-    return static_cast<CBlockData *>(block.userData());
-}
-
 } // namespace
 
 // The order of the steps matters: Return comes before the reset of the

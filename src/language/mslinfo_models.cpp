@@ -257,7 +257,7 @@ QAbstractItemModel *MslInfo::getIdentIds(QObject *parent, QTextBlock block)
     const QIcon customIcon{QLatin1String(customIconPath)};
     const QIcon customLocalIcon{QLatin1String(customLocalIconPath)};
     for (; block.isValid(); block = block.next()) {
-        const CBlockData *data = dynamic_cast<const CBlockData *>(block.userData());
+        const CBlockData *data = recordOf(block);
         if (!data || data->blockType != CBlockData::Alias)
             continue;
         const QString text = QLatin1Char('$') + data->containedBlock;

@@ -238,7 +238,7 @@ QJsonObject identJson(const Identifier &ident)
 
 QJsonValue recordJson(const QTextBlock &block)
 {
-    const auto *data = dynamic_cast<const CBlockData *>(block.userData());
+    const auto *data = recordOf(block);
     if (!data)
         return QJsonValue(QJsonValue::Null);
     QJsonObject o;

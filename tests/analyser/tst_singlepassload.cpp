@@ -62,7 +62,7 @@ public:
         QStringList out;
         for (QTextBlock b = doc.firstBlock(); b.isValid(); b = b.next()) {
             QStringList ids;
-            if (const auto *data = dynamic_cast<const CBlockData *>(b.userData())) {
+            if (const auto *data = recordOf(b)) {
                 for (int id : data->remId.err)
                     ids << QString::number(id);
             }

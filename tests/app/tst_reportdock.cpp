@@ -248,7 +248,7 @@ private slots:
         QTextCursor c(text->findBlockByNumber(2));
         c.movePosition(QTextCursor::EndOfBlock);
         c.insertText(")");
-        auto *rec = static_cast<CBlockData *>(text->findBlockByNumber(2).userData());
+        auto *rec = recordOf(text->findBlockByNumber(2));
         const QVector<int> shown = idsOf(a.debug()).mid(1);
         QVERIFY(rec
                 && std::is_permutation(shown.begin(), shown.end(), rec->remId.err.begin(),

@@ -59,7 +59,7 @@ private slots:
         MslTextEditor *one = a.editors().at(0)->getEditor();
         QCOMPARE(a.tabs()->tabText(0) + '|' + one->toPlainText(),
                  QStringLiteral("one.mrc|alias a {\n  echo hi\n}\n"));
-        auto *rec = static_cast<CBlockData *>(one->document()->firstBlock().userData());
+        auto *rec = recordOf(one->document()->firstBlock());
         QVERIFY(!one->document()->isModified() && rec && rec->containedBlock == QLatin1String("a"));
         QVERIFY(a.editors().at(1)->getEditor()->isReadOnly() && a.current() == a.editors().at(1));
         const QString tabs = ":/tabbar/resources/img_assets/options/main/tabs/file";

@@ -74,7 +74,7 @@ QString AnalyserHarness::bookkeepingFault() const
 {
     QList<int> held, ids;
     for (QTextBlock b = doc.firstBlock(); b.isValid(); b = b.next()) {
-        const auto *rec = dynamic_cast<const CBlockData *>(b.userData());
+        const auto *rec = recordOf(b);
         if (!rec)
             return QStringLiteral("line %1 has no record").arg(b.blockNumber() + 1);
         held << rec->remId.err;
@@ -97,7 +97,7 @@ int AnalyserHarness::state(int block) const
 
 CBlockData *AnalyserHarness::record(int block) const
 {
-    return static_cast<CBlockData *>(doc.findBlockByNumber(block).userData());
+    return recordOf(doc.findBlockByNumber(block));
 }
 
 QVector<QTextLayout::FormatRange> AnalyserHarness::formats(int block) const
