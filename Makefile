@@ -22,9 +22,9 @@ configure: bootstrap
 build: configure
 	@cmake --build $(BUILD_DIR) -j $(JOBS)
 
-# The two programs alone, for the targets that need no test suite.
+# The programs alone, for the targets that need no test suite.
 programs: configure
-	@cmake --build $(BUILD_DIR) -j $(JOBS) --target tarnwick tarnwick-lint
+	@cmake --build $(BUILD_DIR) -j $(JOBS) --target tarnwick tarnwick-lint tarnwick-lsp
 
 run: build
 	@bash scripts/run-tarnwick $(BUILD_DIR)/src/tarnwick

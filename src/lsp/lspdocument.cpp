@@ -1,0 +1,168 @@
+#include "lspdocument.h"
+
+#include "msltextedit.h"
+#include "scriptfile.h"
+
+#include <QBuffer>
+#include <QTextCursor>
+#include <QTextDocument>
+
+#include <algorithm>
+
+namespace {
+
+QTextDocument *newDocument()
+{
+    auto *doc = new QTextDocument;
+    // The client keeps the history; an undo stack here would only grow.
+    doc->setUndoRedoEnabled(false);
+    // Without a layout the document reports no edits to the highlighter.
+    doc->documentLayout();
+    return doc;
+}
+
+void applyEdit(QTextDocument *doc, int from, int to, const QString &text)
+{
+    QTextCursor cursor(doc);
+    cursor.setPosition(from);
+    cursor.setPosition(to, QTextCursor::KeepAnchor);
+    cursor.insertText(text);
+}
+
+QString iniForm(const QTextDocument &source)
+{
+    QString raw = source.toRawText();
+    raw.replace(QChar::ParagraphSeparator, QLatin1Char('\n'));
+    QByteArray bytes = raw.toUtf8();
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    return readScriptText(buffer, true);
+}
+
+} // namespace
+
+LspDocument::LspDocument(const QString &uri, const QString &path, const QString &text,
+                         int version, QObject *parent)
+    : QObject(parent)
+    , documentUri(uri)
+    , documentVersion(version)
+    , document(newDocument())
+{
+    // As a tab: the highlighter goes on while the document is empty.
+    highlighter = new MslSyntaxHighlighter(document.get());
+    connect(highlighter, &MslSyntaxHighlighter::updateError, this,
+            &LspDocument::onUpdateError, Qt::DirectConnection);
+    connect(highlighter, &MslSyntaxHighlighter::removeError, this,
+            &LspDocument::onRemoveError, Qt::DirectConnection);
+    highlighter->setFn(path);
+    if (isIniScriptName(path))
+        iniSource.reset(newDocument());
+    replaceAll(text);
+}
+
+LspDocument::~LspDocument()
+{
+    // The lines withdraw their reports as they go; nobody listens now.
+    disconnect(highlighter, nullptr, this, nullptr);
+}
+
+void LspDocument::replaceAll(const QString &text)
+{
+    if (iniSource) {
+        iniSource->setPlainText(text);
+        setAnalysedText(iniForm(*iniSource));
+    } else {
+        setAnalysedText(text);
+    }
+}
+
+void LspDocument::setAnalysedText(const QString &text)
+{
+    applyEdit(document.get(), 0, document->characterCount() - 1, text);
+}
+
+void LspDocument::replaceRange(const TextRange &range, const QString &text)
+{
+    // An INI script is read again whole: a change to a "[section]" line
+    // or a "key=" head moves text in and out of the analysed form.
+    QTextDocument *target = iniSource ? iniSource.get() : document.get();
+    int from = positionIn(target, range.start);
+    int to = positionIn(target, range.end);
+    if (from > to)
+        std::swap(from, to);
+    applyEdit(target, from, to, text);
+    if (iniSource)
+        setAnalysedText(iniForm(*iniSource));
+}
+
+QTextBlock LspDocument::blockAt(int line) const
+{
+    if (line < 0)
+        return document->firstBlock();
+    if (line >= document->blockCount())
+        return document->lastBlock();
+    return document->findBlockByNumber(line);
+}
+
+int LspDocument::positionIn(const QTextDocument *doc, const TextPosition &at)
+{
+    if (at.line < 0)
+        return 0;
+    if (at.line >= doc->blockCount())
+        return doc->characterCount() - 1;
+    const QTextBlock block = doc->findBlockByNumber(at.line);
+    return block.position() + qBound(0, at.character, block.length() - 1);
+}
+
+void LspDocument::onUpdateError(int lineNum, int linePos, QString, QString block, QString,
+                                int type, QString err, int &errId)
+{
+    errId = ++lastId;
+    DocumentReport report;
+    report.id = errId;
+    report.line = lineNum - 1;
+    report.column = linePos;
+    report.type = type;
+    report.block = block;
+    report.message = err;
+    standing.insert(errId, report);
+}
+
+void LspDocument::onRemoveError(QVector<int> &errIds)
+{
+    for (int id : std::as_const(errIds))
+        standing.remove(id);
+}
+
+QVector<DocumentReport> LspDocument::reports() const
+{
+    QVector<DocumentReport> all;
+    all.reserve(standing.size());
+    if (!standing.isEmpty()) {
+        // A report keeps the line number it was filed with, but lines
+        // inserted or removed above move it; the line that holds its id in
+        // its record is where it stands now.
+        int line = 0;
+        for (QTextBlock block = document->firstBlock(); block.isValid();
+             block = block.next(), ++line) {
+            const CBlockData *data = recordOf(block);
+            if (!data)
+                continue;
+            for (int id : data->remId.err) {
+                auto it = standing.constFind(id);
+                if (it == standing.constEnd())
+                    continue;
+                all.append(*it);
+                all.last().line = line;
+            }
+        }
+    }
+    std::sort(all.begin(), all.end(), [](const DocumentReport &a, const DocumentReport &b) {
+        if (a.line != b.line)
+            return a.line < b.line;
+        if (a.column != b.column)
+            return a.column < b.column;
+        return a.id < b.id;
+    });
+    return all;
+}

@@ -1,0 +1,321 @@
+#include "lspserver.h"
+
+#include "completion.h"
+#include "diagnostics.h"
+#include "languagehelp.h"
+#include "lspdocument.h"
+#include "lspjson.h"
+#include "outline.h"
+#include "semantictokens.h"
+
+#include <QCoreApplication>
+#include <QJsonArray>
+#include <QUrl>
+
+#include <cstdio>
+
+namespace {
+
+QString uriOf(const QJsonObject &params)
+{
+    return params.value(QStringLiteral("textDocument")).toObject().value(QStringLiteral("uri"))
+        .toString();
+}
+
+TextPosition positionOf(const QJsonObject &params)
+{
+    return LspJson::toPosition(params.value(QStringLiteral("position")));
+}
+
+// The file name behind a URI; the URI itself for one that names no file.
+QString pathOf(const QString &uri)
+{
+    const QUrl url(uri);
+    return url.isLocalFile() ? url.toLocalFile() : uri;
+}
+
+void log(const QString &message)
+{
+    std::fprintf(stderr, "tarnwick-lsp: %s\n", qPrintable(message));
+    std::fflush(stderr);
+}
+
+} // namespace
+
+LspServer::LspServer(QObject *parent)
+    : QObject(parent)
+{
+    requests.insert(QStringLiteral("initialize"),
+                    [this](const QJsonObject &p) { return initialize(p); });
+    requests.insert(QStringLiteral("shutdown"),
+                    [this](const QJsonObject &p) { return shutdown(p); });
+    requests.insert(QStringLiteral("textDocument/hover"),
+                    onDocument([](LspDocument &d, const QJsonObject &p) {
+                        return LanguageHelp::hover(d, positionOf(p));
+                    }));
+    requests.insert(QStringLiteral("textDocument/signatureHelp"),
+                    onDocument([](LspDocument &d, const QJsonObject &p) {
+                        return LanguageHelp::signatureHelp(d, positionOf(p));
+                    }));
+    requests.insert(QStringLiteral("textDocument/completion"),
+                    onDocument([](LspDocument &d, const QJsonObject &p) -> QJsonValue {
+                        return Completion::items(d, positionOf(p));
+                    }));
+    requests.insert(QStringLiteral("textDocument/foldingRange"),
+                    onDocument([](LspDocument &d, const QJsonObject &) -> QJsonValue {
+                        return Outline::foldingRanges(*d.textDocument());
+                    }));
+    requests.insert(QStringLiteral("textDocument/documentSymbol"),
+                    onDocument([](LspDocument &d, const QJsonObject &) -> QJsonValue {
+                        return Outline::symbols(*d.textDocument());
+                    }));
+    requests.insert(QStringLiteral("textDocument/semanticTokens/full"),
+                    onDocument([](LspDocument &d, const QJsonObject &) -> QJsonValue {
+                        return QJsonObject{{QStringLiteral("data"),
+                                            SemanticTokens::encode(*d.textDocument(), 0,
+                                                                   d.textDocument()->blockCount())}};
+                    }));
+    requests.insert(QStringLiteral("textDocument/semanticTokens/range"),
+                    onDocument([](LspDocument &d, const QJsonObject &p) -> QJsonValue {
+                        const TextRange r = LspJson::toRange(p.value(QStringLiteral("range")));
+                        return QJsonObject{{QStringLiteral("data"),
+                                            SemanticTokens::encode(*d.textDocument(),
+                                                                   r.start.line, r.end.line)}};
+                    }));
+
+    notifications.insert(QStringLiteral("textDocument/didOpen"),
+                         [this](const QJsonObject &p) { didOpen(p); });
+    notifications.insert(QStringLiteral("textDocument/didChange"),
+                         [this](const QJsonObject &p) { didChange(p); });
+    notifications.insert(QStringLiteral("textDocument/didClose"),
+                         [this](const QJsonObject &p) { didClose(p); });
+}
+
+LspServer::~LspServer() = default;
+
+LspDocument *LspServer::document(const QString &uri) const
+{
+    const auto it = documents.find(uri);
+    return it == documents.end() ? nullptr : it->second.get();
+}
+
+void LspServer::handleMessage(const QJsonValue &message)
+{
+    const QJsonObject o = message.toObject();
+    const QJsonValue id = o.value(QStringLiteral("id"));
+    const QJsonValue method = o.value(QStringLiteral("method"));
+    const bool hasId = o.contains(QStringLiteral("id"));
+    const QJsonValue params = o.value(QStringLiteral("params"));
+
+    if (!message.isObject() || !method.isString()
+        || (hasId && !id.isString() && !id.isDouble())
+        || !(params.isUndefined() || params.isObject() || params.isArray())) {
+        // An answer to a request of ours (there are none) is let go.
+        if (message.isObject() && !method.isString()
+            && (o.contains(QStringLiteral("result")) || o.contains(QStringLiteral("error"))))
+            return;
+        sendError(id.isString() || id.isDouble() ? id : QJsonValue(QJsonValue::Null),
+                  InvalidRequest, QStringLiteral("not a JSON-RPC request or notification"));
+        return;
+    }
+    if (hasId)
+        handleRequest(id, method.toString(), params.toObject());
+    else
+        handleNotification(method.toString(), params.toObject());
+}
+
+void LspServer::handleBrokenInput(const QString &problem)
+{
+    log(problem);
+    sendError(QJsonValue::Null, ParseError, problem);
+}
+
+void LspServer::endOfInput()
+{
+    if (exited)
+        return;
+    exited = true;
+    emit exitRequested(shuttingDown ? 0 : 1);
+}
+
+void LspServer::handleRequest(const QJsonValue &id, const QString &method,
+                              const QJsonObject &params)
+{
+    if (!initialized && method != QLatin1String("initialize")) {
+        sendError(id, ServerNotInitialized, QStringLiteral("initialize comes first"));
+        return;
+    }
+    if (shuttingDown) {
+        sendError(id, InvalidRequest, QStringLiteral("the server is shutting down"));
+        return;
+    }
+    const auto handler = requests.constFind(method);
+    if (handler == requests.constEnd()) {
+        sendError(id, MethodNotFound, QStringLiteral("no method ") + method);
+        return;
+    }
+    const Reply reply = (*handler)(params);
+    if (reply.error)
+        sendError(id, reply.error, reply.message);
+    else
+        sendResult(id, reply.result);
+}
+
+void LspServer::handleNotification(const QString &method, const QJsonObject &params)
+{
+    if (method == QLatin1String("exit")) {
+        endOfInput();
+        return;
+    }
+    // Before initialize, and after shutdown, notifications are dropped.
+    if (!initialized || shuttingDown)
+        return;
+    const auto handler = notifications.constFind(method);
+    if (handler != notifications.constEnd())
+        (*handler)(params);
+}
+
+void LspServer::sendResult(const QJsonValue &id, const QJsonValue &result)
+{
+    QJsonObject o;
+    o.insert(QStringLiteral("jsonrpc"), QStringLiteral("2.0"));
+    o.insert(QStringLiteral("id"), id);
+    o.insert(QStringLiteral("result"), result);
+    emit send(o);
+}
+
+void LspServer::sendError(const QJsonValue &id, int code, const QString &message)
+{
+    QJsonObject error;
+    error.insert(QStringLiteral("code"), code);
+    error.insert(QStringLiteral("message"), message);
+    QJsonObject o;
+    o.insert(QStringLiteral("jsonrpc"), QStringLiteral("2.0"));
+    o.insert(QStringLiteral("id"), id);
+    o.insert(QStringLiteral("error"), error);
+    emit send(o);
+}
+
+LspServer::Reply LspServer::initialize(const QJsonObject &)
+{
+    if (initialized)
+        return {QJsonValue(), InvalidRequest, QStringLiteral("initialize was already sent")};
+    initialized = true;
+
+    QJsonObject sync;
+    sync.insert(QStringLiteral("openClose"), true);
+    sync.insert(QStringLiteral("change"), 2); // incremental
+    QJsonObject completion;
+    completion.insert(QStringLiteral("triggerCharacters"),
+                      QJsonArray{QStringLiteral("$"), QStringLiteral("."),
+                                 QString(QChar(0x03)), QStringLiteral(" ")});
+    QJsonObject signature;
+    signature.insert(QStringLiteral("triggerCharacters"),
+                     QJsonArray{QStringLiteral("("), QStringLiteral(",")});
+    QJsonObject tokens;
+    tokens.insert(QStringLiteral("legend"), SemanticTokens::legend());
+    tokens.insert(QStringLiteral("full"), true);
+    tokens.insert(QStringLiteral("range"), true);
+
+    QJsonObject capabilities;
+    capabilities.insert(QStringLiteral("positionEncoding"), QStringLiteral("utf-16"));
+    capabilities.insert(QStringLiteral("textDocumentSync"), sync);
+    capabilities.insert(QStringLiteral("hoverProvider"), true);
+    capabilities.insert(QStringLiteral("completionProvider"), completion);
+    capabilities.insert(QStringLiteral("signatureHelpProvider"), signature);
+    capabilities.insert(QStringLiteral("foldingRangeProvider"), true);
+    capabilities.insert(QStringLiteral("documentSymbolProvider"), true);
+    capabilities.insert(QStringLiteral("semanticTokensProvider"), tokens);
+
+    QJsonObject info;
+    info.insert(QStringLiteral("name"), QStringLiteral("tarnwick-lsp"));
+    info.insert(QStringLiteral("version"), QCoreApplication::applicationVersion());
+    QJsonObject result;
+    result.insert(QStringLiteral("capabilities"), capabilities);
+    result.insert(QStringLiteral("serverInfo"), info);
+    return {result};
+}
+
+LspServer::Reply LspServer::shutdown(const QJsonObject &)
+{
+    shuttingDown = true;
+    documents.clear();
+    return {QJsonValue::Null};
+}
+
+LspServer::Handler LspServer::onDocument(
+    std::function<QJsonValue(LspDocument &, const QJsonObject &)> handler)
+{
+    return [this, handler](const QJsonObject &params) -> Reply {
+        const QString uri = uriOf(params);
+        LspDocument *doc = document(uri);
+        if (!doc)
+            return {QJsonValue(), InvalidParams, QStringLiteral("document not open: ") + uri};
+        return {handler(*doc, params)};
+    };
+}
+
+void LspServer::didOpen(const QJsonObject &params)
+{
+    const QJsonObject item = params.value(QStringLiteral("textDocument")).toObject();
+    const QString uri = item.value(QStringLiteral("uri")).toString();
+    if (uri.isEmpty()) {
+        log(QStringLiteral("didOpen without a document URI"));
+        return;
+    }
+    // Opened again: the old one goes first, and its reports with it.
+    documents.erase(uri);
+    auto doc = std::make_unique<LspDocument>(uri, pathOf(uri),
+                                             item.value(QStringLiteral("text")).toString(),
+                                             item.value(QStringLiteral("version")).toInt());
+    publishDiagnostics(*doc);
+    documents[uri] = std::move(doc);
+}
+
+void LspServer::didChange(const QJsonObject &params)
+{
+    const QString uri = uriOf(params);
+    LspDocument *doc = document(uri);
+    if (!doc) {
+        log(QStringLiteral("change to a document not open: ") + uri);
+        return;
+    }
+    const QJsonArray changes = params.value(QStringLiteral("contentChanges")).toArray();
+    for (const QJsonValue &change : changes) {
+        const QJsonObject c = change.toObject();
+        const QString text = c.value(QStringLiteral("text")).toString();
+        if (c.contains(QStringLiteral("range")))
+            doc->replaceRange(LspJson::toRange(c.value(QStringLiteral("range"))), text);
+        else
+            doc->replaceAll(text);
+    }
+    doc->setVersion(params.value(QStringLiteral("textDocument"))
+                        .toObject()
+                        .value(QStringLiteral("version"))
+                        .toInt(doc->version()));
+    publishDiagnostics(*doc);
+}
+
+void LspServer::didClose(const QJsonObject &params)
+{
+    const QString uri = uriOf(params);
+    if (documents.erase(uri) == 0)
+        return;
+    QJsonObject p;
+    p.insert(QStringLiteral("uri"), uri);
+    p.insert(QStringLiteral("diagnostics"), QJsonArray());
+    emit send(QJsonObject{{QStringLiteral("jsonrpc"), QStringLiteral("2.0")},
+                          {QStringLiteral("method"), QStringLiteral("textDocument/publishDiagnostics")},
+                          {QStringLiteral("params"), p}});
+}
+
+void LspServer::publishDiagnostics(const LspDocument &doc)
+{
+    QJsonObject p;
+    p.insert(QStringLiteral("uri"), doc.uri());
+    p.insert(QStringLiteral("version"), doc.version());
+    p.insert(QStringLiteral("diagnostics"), Diagnostics::of(doc));
+    emit send(QJsonObject{{QStringLiteral("jsonrpc"), QStringLiteral("2.0")},
+                          {QStringLiteral("method"), QStringLiteral("textDocument/publishDiagnostics")},
+                          {QStringLiteral("params"), p}});
+}

@@ -1,0 +1,90 @@
+#ifndef LSPSERVER_H
+#define LSPSERVER_H
+
+#include <QHash>
+#include <QJsonObject>
+#include <QJsonValue>
+#include <QObject>
+#include <QString>
+
+#include <functional>
+#include <memory>
+#include <map>
+
+class LspDocument;
+
+// The language server's side of the conversation: JSON-RPC messages in,
+// answers and diagnostics out through send(). Requests are answered at
+// once, in the order they come, so a cancellation always comes too late
+// and is let go.
+class LspServer : public QObject
+{
+    Q_OBJECT
+
+public:
+    // JSON-RPC and protocol error codes.
+    enum ErrorCode {
+        ParseError = -32700,
+        InvalidRequest = -32600,
+        MethodNotFound = -32601,
+        InvalidParams = -32602,
+        ServerNotInitialized = -32002,
+    };
+
+    explicit LspServer(QObject *parent = nullptr);
+    ~LspServer() override;
+
+    // One message's body.
+    void handleMessage(const QJsonValue &message);
+    // Bytes that were no message; answered with a ParseError.
+    void handleBrokenInput(const QString &problem);
+    // The client is gone: as an exit notification.
+    void endOfInput();
+
+    // An open document, or null.
+    LspDocument *document(const QString &uri) const;
+
+signals:
+    void send(const QJsonObject &message);
+    // The exit status: 0 after a shutdown request, else 1.
+    void exitRequested(int status);
+
+private:
+    struct Reply
+    {
+        Reply(const QJsonValue &result = QJsonValue(), int error = 0,
+              const QString &message = QString())
+            : result(result), error(error), message(message)
+        {
+        }
+        QJsonValue result;
+        int error;
+        QString message;
+    };
+    using Handler = std::function<Reply(const QJsonObject &params)>;
+
+    void handleRequest(const QJsonValue &id, const QString &method, const QJsonObject &params);
+    void handleNotification(const QString &method, const QJsonObject &params);
+    void sendResult(const QJsonValue &id, const QJsonValue &result);
+    void sendError(const QJsonValue &id, int code, const QString &message);
+
+    Reply initialize(const QJsonObject &params);
+    Reply shutdown(const QJsonObject &params);
+    // A request about one open document: the handler's reply, or an error
+    // for a document never opened.
+    Handler onDocument(std::function<QJsonValue(LspDocument &, const QJsonObject &)> handler);
+
+    void didOpen(const QJsonObject &params);
+    void didChange(const QJsonObject &params);
+    void didClose(const QJsonObject &params);
+    void publishDiagnostics(const LspDocument &document);
+
+    QHash<QString, Handler> requests;
+    QHash<QString, std::function<void(const QJsonObject &)>> notifications;
+    std::map<QString, std::unique_ptr<LspDocument>> documents;
+    bool initialized = false;
+    bool shuttingDown = false;
+    bool exited = false;
+};
+
+#endif // LSPSERVER_H

@@ -1,0 +1,176 @@
+#include "outline.h"
+
+#include "lspjson.h"
+#include "msltextedit.h"
+
+#include <QJsonObject>
+#include <QTextBlock>
+#include <QTextDocument>
+
+namespace {
+
+// SymbolKind values.
+enum SymbolKind { NamespaceKind = 3, FunctionKind = 12, ObjectKind = 19, EventKind = 24 };
+
+// The state the analyser was in before `block`.
+int stateBefore(const QTextBlock &block)
+{
+    const QTextBlock previous = block.previous();
+    return previous.isValid() ? previous.userState() : -1;
+}
+
+bool opensGroup(const CBlockData *data)
+{
+    return data && data->isGroup && data->groupState == 1;
+}
+
+// Whether the line opens a block or group that goes on below it: what the
+// gutter marks for aliases, events and groups. A dialog table the gutter
+// does not mark is counted too, when its header leaves the analyser inside
+// the table.
+bool opensFold(const QTextBlock &block, const CBlockData *data)
+{
+    if (!data)
+        return false;
+    if (opensGroup(data))
+        return true;
+    if (data->containedBlock.isEmpty())
+        return false;
+    if (data->blockType == CBlockData::Dialog)
+        return block.userState() != stateBefore(block) && block.next().isValid();
+    return data->isMultiLine;
+}
+
+// The last line of what `header` opens: the first line after which the
+// analyser is back in the state it was in before the header. The gutter
+// stops at top level only, which inside a group would take an alias down
+// to the group's end. The last line of the document ends every fold.
+int foldEnd(const QTextBlock &header)
+{
+    int before = stateBefore(header);
+    if (before == -1)
+        before = 1; // the first line starts at top level
+    int line = header.blockNumber();
+    for (QTextBlock block = header.next(); block.isValid(); block = block.next()) {
+        ++line;
+        if (block.userState() == before || block.userState() == 1)
+            break;
+    }
+    return line;
+}
+
+QString groupName(const QTextBlock &block)
+{
+    const QString text = block.text().trimmed();
+    const int blank = text.indexOf(QLatin1Char(' '));
+    return blank < 0 ? text : text.left(blank);
+}
+
+QJsonObject symbol(const QString &name, const QString &detail, SymbolKind kind, int line,
+                   int endLine, int endCharacter, int nameStart, int nameEnd)
+{
+    QJsonObject o;
+    o.insert(QStringLiteral("name"), name.isEmpty() ? QStringLiteral("?") : name);
+    o.insert(QStringLiteral("detail"), detail);
+    o.insert(QStringLiteral("kind"), kind);
+    o.insert(QStringLiteral("range"), LspJson::range(line, 0, endLine, endCharacter));
+    o.insert(QStringLiteral("selectionRange"), LspJson::range(line, nameStart, nameEnd));
+    return o;
+}
+
+} // namespace
+
+QJsonArray Outline::foldingRanges(const QTextDocument &document)
+{
+    QJsonArray ranges;
+    for (QTextBlock block = document.firstBlock(); block.isValid(); block = block.next()) {
+        if (!opensFold(block, recordOf(block)))
+            continue;
+        const int start = block.blockNumber();
+        const int end = foldEnd(block);
+        if (end <= start)
+            continue;
+        QJsonObject range;
+        range.insert(QStringLiteral("startLine"), start);
+        range.insert(QStringLiteral("endLine"), end);
+        range.insert(QStringLiteral("kind"), QStringLiteral("region"));
+        ranges.append(range);
+    }
+    return ranges;
+}
+
+QJsonArray Outline::symbols(const QTextDocument &document)
+{
+    QJsonArray top;
+    QJsonObject group;
+    QJsonArray members;
+    int groupEnd = -1;
+    auto closeGroup = [&] {
+        if (group.isEmpty())
+            return;
+        group.insert(QStringLiteral("children"), members);
+        top.append(group);
+        group = QJsonObject();
+        members = QJsonArray();
+        groupEnd = -1;
+    };
+
+    for (QTextBlock block = document.firstBlock(); block.isValid(); block = block.next()) {
+        const int line = block.blockNumber();
+        if (line > groupEnd)
+            closeGroup();
+        const CBlockData *data = recordOf(block);
+        if (!data)
+            continue;
+        if (opensGroup(data)) {
+            closeGroup();
+            groupEnd = foldEnd(block);
+            const QString name = groupName(block);
+            const QTextBlock last = document.findBlockByNumber(groupEnd);
+            group = symbol(name, QStringLiteral("group"), NamespaceKind, line, groupEnd,
+                           last.length() - 1, block.text().indexOf(name),
+                           block.text().indexOf(name) + name.size());
+            continue;
+        }
+        if (data->containedBlock.isEmpty())
+            continue;
+
+        QString name = data->containedBlock;
+        QString detail;
+        SymbolKind kind = FunctionKind;
+        switch (data->blockType) {
+        case CBlockData::Alias:
+            detail = data->isLocal ? QStringLiteral("local alias") : QStringLiteral("alias");
+            break;
+        case CBlockData::Dialog:
+            detail = data->isLocal ? QStringLiteral("local dialog") : QStringLiteral("dialog");
+            kind = ObjectKind;
+            break;
+        case CBlockData::Event:
+            detail = QStringLiteral("event");
+            kind = EventKind;
+            if (!data->matchtext.isEmpty())
+                name += QStringLiteral(" : ") + data->matchtext;
+            break;
+        default:
+            continue; // the object tree lists no other kind
+        }
+        const int end = opensFold(block, data) ? foldEnd(block) : line;
+        const QTextBlock last = document.findBlockByNumber(end);
+        // An event's recorded place is that of its match text.
+        const int at = data->blockType == CBlockData::Event
+            ? int(block.text().indexOf(data->containedBlock, 0, Qt::CaseInsensitive))
+            : data->blockPos;
+        const int nameStart = qBound(0, at, block.length() - 1);
+        const int nameEnd = qBound(nameStart, nameStart + int(data->containedBlock.size()),
+                                   block.length() - 1);
+        const QJsonObject entry =
+            symbol(name, detail, kind, line, end, last.length() - 1, nameStart, nameEnd);
+        if (!group.isEmpty() && line <= groupEnd)
+            members.append(entry);
+        else
+            top.append(entry);
+    }
+    closeGroup();
+    return top;
+}

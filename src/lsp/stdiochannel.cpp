@@ -1,0 +1,76 @@
+#include "stdiochannel.h"
+
+#include "lspserver.h"
+
+#include <QByteArray>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QSocketNotifier>
+
+#include <cerrno>
+#include <unistd.h>
+
+namespace {
+
+constexpr int InputFd = 0;
+constexpr int OutputFd = 1;
+
+// Writes all of `bytes`; false once the client has gone.
+bool writeAll(const QByteArray &bytes)
+{
+    const char *data = bytes.constData();
+    qsizetype left = bytes.size();
+    while (left > 0) {
+        const ssize_t n = ::write(OutputFd, data, size_t(left));
+        if (n < 0) {
+            if (errno == EINTR)
+                continue;
+            return false;
+        }
+        data += n;
+        left -= n;
+    }
+    return true;
+}
+
+} // namespace
+
+StdioChannel::StdioChannel(LspServer *server, QObject *parent)
+    : QObject(parent)
+    , server(server)
+{
+    notifier = new QSocketNotifier(InputFd, QSocketNotifier::Read, this);
+    connect(notifier, &QSocketNotifier::activated, this, &StdioChannel::readInput);
+    connect(server, &LspServer::send, this, &StdioChannel::write);
+}
+
+StdioChannel::~StdioChannel() = default;
+
+void StdioChannel::write(const QJsonObject &message)
+{
+    const QByteArray body = QJsonDocument(message).toJson(QJsonDocument::Compact);
+    const QByteArray header = "Content-Length: " + QByteArray::number(body.size()) + "\r\n\r\n";
+    writeAll(header + body);
+}
+
+// Called when input is waiting: one read cannot block then.
+void StdioChannel::readInput()
+{
+    char chunk[65536];
+    const ssize_t n = ::read(InputFd, chunk, sizeof chunk);
+    if (n < 0 && (errno == EINTR || errno == EAGAIN))
+        return;
+    if (n <= 0) {
+        notifier->setEnabled(false);
+        server->endOfInput();
+        return;
+    }
+    const QList<MessageReader::Item> items = reader.feed(QByteArray(chunk, int(n)));
+    for (const MessageReader::Item &item : items) {
+        if (item.kind == MessageReader::Item::Message)
+            server->handleMessage(item.body.isObject() ? QJsonValue(item.body.object())
+                                                       : QJsonValue(item.body.array()));
+        else
+            server->handleBrokenInput(item.problem);
+    }
+}
