@@ -229,7 +229,7 @@ bool MslSyntaxHighlighter::parseEvent(const QString &str, int &pos, int &bracket
         if (type.toLower() != QLatin1String("chat") && type.toLower() != QLatin1String("send")
             && type.toLower() != QLatin1String("fserve")) {
             setFormat(pos, type.length(), DevSettings::errFmt);
-            throwError(3, pos, block,
+            throwError(ErrorReport, pos, block,
                        QStringLiteral("Invalid DCC type parameter, must be one of the following: "
                                       "chat, send, or fserve."));
         }
@@ -322,7 +322,7 @@ bool MslSyntaxHighlighter::takeEventParameter(const QString &str, int &pos, cons
     // A missing parameter is always shown on the event word; the header
     // ends here with no body.
     setFormat(ev.start, ev.length, DevSettings::errFmt);
-    throwError(3, ev.start, ev.block, missing);
+    throwError(ErrorReport, ev.start, ev.block, missing);
     pos = str.length();
     return false;
 }
@@ -335,7 +335,7 @@ bool MslSyntaxHighlighter::eventVariableTest(int pos, const QString &token,
     if (token.startsWith(QLatin1Char('%'))) {
         if (token.contains(QLatin1Char(' '))) {
             setFormat(pos, token.length(), DevSettings::errFmt);
-            throwError(3, pos, block, message);
+            throwError(ErrorReport, pos, block, message);
         } else {
             setFormat(pos, token.length(), DevSettings::varFmt);
         }
@@ -390,7 +390,7 @@ void MslSyntaxHighlighter::walkMixedTargets(int pos, const QString &target,
                 setFormat(p, token.length(), DevSettings::wrnFmt);
             p += token.length() + 1;
         }
-        throwError(2, bothPos, block,
+        throwError(WarningReport, bothPos, block,
                    QStringLiteral("Wildcard * overrules all other targets, making them pointless."));
         return;
     }
@@ -410,7 +410,7 @@ void MslSyntaxHighlighter::walkMixedTargets(int pos, const QString &target,
             p += token.length() + 1;
         }
         if (found) {
-            throwError(2, queryPos, block,
+            throwError(WarningReport, queryPos, block,
                        QStringLiteral("Wildcard ? overrules all other query targets, making them "
                                       "pointless."));
         }
@@ -430,7 +430,7 @@ void MslSyntaxHighlighter::walkMixedTargets(int pos, const QString &target,
             p += token.length() + 1;
         }
         if (found) {
-            throwError(2, chanPos, block,
+            throwError(WarningReport, chanPos, block,
                        QStringLiteral("Wildcard # overrules all other channels targets, making "
                                       "them pointless."));
         }
@@ -465,7 +465,7 @@ void MslSyntaxHighlighter::walkChannelTargets(int pos, const QString &target,
                 setFormat(p, token.length(), DevSettings::wrnFmt);
             p += token.length() + 1;
         }
-        throwError(2, chanPos, block,
+        throwError(WarningReport, chanPos, block,
                    QStringLiteral("Wildcard * overrules all other targets, making them pointless."));
         return;
     }
@@ -474,7 +474,7 @@ void MslSyntaxHighlighter::walkChannelTargets(int pos, const QString &target,
     for (const QString &token : l) {
         if (!token.startsWith(QLatin1Char('#'))) {
             setFormat(p, token.length(), DevSettings::errFmt);
-            throwError(3, p, block, QStringLiteral("Invalid channel name in target."));
+            throwError(ErrorReport, p, block, QStringLiteral("Invalid channel name in target."));
         }
         p += token.length() + 1;
     }
@@ -489,7 +489,7 @@ void MslSyntaxHighlighter::checkWindowTarget(int pos, const QString &target,
     if (!target.isEmpty() && allowed.contains(target.at(0)))
         return;
     setFormat(pos, target.length(), DevSettings::errFmt);
-    throwError(3, pos, block,
+    throwError(ErrorReport, pos, block,
                QStringLiteral("Invalid target parameter, must be one of the following: "
                               "*, #, ?, =, !, @."));
 }
@@ -503,7 +503,7 @@ void MslSyntaxHighlighter::walkKeys(int pos, const QString &keys,
     for (const QString &key : splitKeepingEmpty(keys, QLatin1Char(','))) {
         if (!isNumeric(key)) {
             setFormat(tpos, key.length(), DevSettings::errFmt);
-            throwError(3, pos, block, QStringLiteral("Invalid key type"));
+            throwError(ErrorReport, pos, block, QStringLiteral("Invalid key type"));
         }
         tpos += key.length() + 1;
     }
@@ -522,7 +522,7 @@ void MslSyntaxHighlighter::checkDialogEventType(int pos, const QString &eventTyp
         return;
     // Coloured where it stands, reported at the event word.
     setFormat(pos, eventType.length(), DevSettings::errFmt);
-    throwError(3, ev.start, ev.block, QStringLiteral("Invalid event type"));
+    throwError(ErrorReport, ev.start, ev.block, QStringLiteral("Invalid event type"));
 }
 
 void MslSyntaxHighlighter::checkDialogEventId(int pos, const QString &id, const EventWord &ev)
@@ -551,5 +551,5 @@ void MslSyntaxHighlighter::checkDialogEventId(int pos, const QString &id, const 
         ttpos += idNum.length() + 1;
     }
     if (error)
-        throwError(3, ev.start, ev.block, QStringLiteral("Invalid dialog ID"));
+        throwError(ErrorReport, ev.start, ev.block, QStringLiteral("Invalid dialog ID"));
 }

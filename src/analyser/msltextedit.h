@@ -1,6 +1,8 @@
 #ifndef MSLTEXTEDIT_H
 #define MSLTEXTEDIT_H
 
+#include "reportkind.h"
+
 #include <QObject>
 #include <QString>
 #include <QSyntaxHighlighter>
@@ -95,8 +97,8 @@ protected:
 
     // Foundations (highlighter_core.cpp).
     int currentLineNumber();
-    void throwError(int type, int pos, QString block, const QString &error);
-    void throwMsg(int type, int pos, QString &msg);
+    void throwError(ReportKind kind, int pos, QString block, const QString &error);
+    void throwMsg(ReportKind kind, int pos, QString &msg);
     void saveStateAlias(QString name, int pos, bool isLocal);
     void saveStateDialog(QString name, int pos, bool isLocal);
     void saveStateEvent(QString name, QString matchtext, int pos);

@@ -326,26 +326,26 @@ const identifier *findIdent(const QString &ident)
 
 } // namespace
 
-int MslInfo::isProperIdentArgs(QString &ident, unsigned int args, QString prop)
+MslInfo::IdentCheck MslInfo::isProperIdentArgs(QString &ident, unsigned int args, QString prop)
 {
     const identifier *row = findIdent(ident);
     if (!row)
-        return 0;
+        return UnknownIdent;
 
     if (row->min > args)
-        return 2;
+        return TooFewArgs;
     if (args > row->max)
-        return 3;
+        return TooManyArgs;
     if (row->needsEven && args % 2 != 0)
-        return 4;
+        return WrongArgParity;
     if (row->needsOdd && args % 2 == 0)
-        return 4;
+        return WrongArgParity;
 
     if (prop.isEmpty())
-        return 1;
+        return IdentFits;
     for (const char *const *p = row->props; *p; ++p) {
         if (prop.compare(QLatin1String(*p), Qt::CaseInsensitive) == 0)
-            return 1;
+            return IdentFits;
     }
-    return 5;
+    return NoSuchProperty;
 }

@@ -4,7 +4,6 @@
 
 #include <QBrush>
 #include <QColor>
-#include <QCompleter>
 #include <QFont>
 #include <QHash>
 #include <QIcon>
@@ -20,16 +19,6 @@ const char customIconPath[] = ":/completer/resources/img_assets/completer/custom
 const char customLocalIconPath[] =
     ":/completer/resources/img_assets/completer/customlocalident.png";
 const char comIconDir[] = ":/completer/com/resources/img_assets/com/";
-
-// The completers never sort: every list keeps the order in which its
-// model was filled.
-QCompleter *buildCompleter(QObject *parent)
-{
-    QCompleter *completer = new QCompleter(parent);
-    completer->setModelSorting(QCompleter::UnsortedModel);
-    completer->setWrapAround(false);
-    return completer;
-}
 
 // The sixteen mIRC colours, by colour number.
 const QBrush *colorBrushes()
@@ -66,37 +55,6 @@ void appendColorCode(QStandardItemModel *model, const QString &number, int fg, i
 }
 
 } // namespace
-
-QCompleter *MslInfo::getComCompleter(QObject *parent)
-{
-    QCompleter *completer = buildCompleter(parent);
-    completer->setModel(getComProIds(completer));
-    completer->setCaseSensitivity(Qt::CaseInsensitive);
-    return completer;
-}
-
-QCompleter *MslInfo::getIdentPropCompleter(QObject *parent)
-{
-    QCompleter *completer = buildCompleter(parent);
-    completer->setCaseSensitivity(Qt::CaseInsensitive);
-    return completer;
-}
-
-QCompleter *MslInfo::getIdentCompleter(QObject *parent)
-{
-    QCompleter *completer = buildCompleter(parent);
-    completer->setCaseSensitivity(Qt::CaseInsensitive);
-    return completer;
-}
-
-// Case-sensitive, the default: every code starts with the control
-// character, so a bare one lists them all.
-QCompleter *MslInfo::getColorCompleter(QObject *parent)
-{
-    QCompleter *completer = buildCompleter(parent);
-    completer->setModel(getColorCodes(completer));
-    return completer;
-}
 
 QAbstractItemModel *MslInfo::getComProIds(QObject *parent)
 {
