@@ -100,7 +100,7 @@ void MslSyntaxHighlighter::finishBudget(const QString &str)
     const int column = qBound(0, budgetStopPos, int(str.size()));
     QSyntaxHighlighter::setFormat(column, int(str.size()) - column, DevSettings::errFmt);
     budgetReporting = true;
-    throwError(2, column, QStringLiteral("block"),
+    throwError(WarningReport, column, QStringLiteral("block"),
                QStringLiteral("Line too complex to analyse; analysis stopped here"));
     budgetReporting = false;
 }

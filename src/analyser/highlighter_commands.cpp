@@ -216,7 +216,7 @@ void MslSyntaxHighlighter::parseClosingBracketInCmdLine(const QString &str, int 
     // bracket.
     if (brackets < 0) {
         setFormat(pos, 1, DevSettings::errFmt);
-        throwError(3, pos, QStringLiteral("block"), closingInCmdLineMessage());
+        throwError(ErrorReport, pos, QStringLiteral("block"), closingInCmdLineMessage());
     } else {
         setFormat(pos, 1, DevSettings::ctrlFmt);
     }
@@ -234,7 +234,7 @@ void MslSyntaxHighlighter::parseClosingBracketInCmdLine(const QString &str, int 
             if (brackets < 0) {
                 setFormat(pos, str.size() - pos, DevSettings::errFmt);
                 pos = str.size();
-                throwError(3, pos, QStringLiteral("block"), closingInCmdLineMessage());
+                throwError(ErrorReport, pos, QStringLiteral("block"), closingInCmdLineMessage());
                 return;
             }
             setFormat(pos, 1, DevSettings::ctrlFmt);
@@ -245,7 +245,7 @@ void MslSyntaxHighlighter::parseClosingBracketInCmdLine(const QString &str, int 
         if (!wasSpace) {
             // One report per character.
             setFormat(pos, 1, DevSettings::errFmt);
-            throwError(3, pos, QStringLiteral("block"), charsAfterClosingMessage());
+            throwError(ErrorReport, pos, QStringLiteral("block"), charsAfterClosingMessage());
         }
         pos += 1;
     }
@@ -257,7 +257,7 @@ void MslSyntaxHighlighter::parseOpeningBracketInCmdLine(const QString &str, int 
     ++brackets;
     setFormat(pos, 1, DevSettings::errFmt);
     pos += 1;
-    throwError(3, pos, QStringLiteral("block"),
+    throwError(ErrorReport, pos, QStringLiteral("block"),
                QStringLiteral("Unexpected opening bracket in the middle of expression"));
     pos += 1;
     if (pos >= str.size())
@@ -295,7 +295,7 @@ void MslSyntaxHighlighter::parseVarCmd(const QString &str, int &pos, int &bracke
             pos += 1;
         }
         if (unknown)
-            throwError(2, dash, QStringLiteral("block"),
+            throwError(WarningReport, dash, QStringLiteral("block"),
                        QStringLiteral("none-existing switches are used in /var."));
     }
 
@@ -337,7 +337,7 @@ void MslSyntaxHighlighter::parseOpeningBracketInVarCmd(const QString &str, int &
 {
     ++brackets;
     setFormat(pos, 1, DevSettings::errFmt);
-    throwError(3, pos, QStringLiteral("block"),
+    throwError(ErrorReport, pos, QStringLiteral("block"),
                QStringLiteral("Unexpected opening bracket in expression"));
     pos += 1;
     // Stops on a bar, which the caller's step then moves past: what stands
@@ -354,7 +354,7 @@ void MslSyntaxHighlighter::parseClosingBracketInVarCmd(const QString &str, int &
     --brackets;
     if (brackets < 0) {
         setFormat(pos, 1, DevSettings::errFmt);
-        throwError(3, pos, QStringLiteral("block"), closingInVarMessage());
+        throwError(ErrorReport, pos, QStringLiteral("block"), closingInVarMessage());
     } else {
         setFormat(pos, 1, DevSettings::ctrlFmt);
     }
@@ -372,7 +372,7 @@ void MslSyntaxHighlighter::parseClosingBracketInVarCmd(const QString &str, int &
             if (brackets < 0) {
                 setFormat(pos, str.size() - pos, DevSettings::errFmt);
                 pos = str.size();
-                throwError(3, pos, QStringLiteral("block"), closingInVarMessage());
+                throwError(ErrorReport, pos, QStringLiteral("block"), closingInVarMessage());
                 break;
             }
             setFormat(pos, 1, DevSettings::ctrlFmt);
@@ -386,5 +386,5 @@ void MslSyntaxHighlighter::parseClosingBracketInVarCmd(const QString &str, int &
         pos += 1;
     }
     if (stray)
-        throwError(3, pos, QStringLiteral("block"), charsAfterClosingMessage());
+        throwError(ErrorReport, pos, QStringLiteral("block"), charsAfterClosingMessage());
 }

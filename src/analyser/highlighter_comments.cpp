@@ -36,7 +36,7 @@ void MslSyntaxHighlighter::parseSingLineComment(const QString &str, int &pos, in
                 setFormat(start, pos - start, DevSettings::commentFmt);
                 setFormat(pos, 1, DevSettings::errFmt);
                 start = pos + 1;
-                throwError(3, pos, QStringLiteral("block"), openingInCommentMessage());
+                throwError(ErrorReport, pos, QStringLiteral("block"), openingInCommentMessage());
             } else if (isWordAt(str, pos, '}')) {
                 // Counted without a report; the final paint covers the mark
                 // again, so it leaves no trace.
@@ -79,7 +79,7 @@ void MslSyntaxHighlighter::parseMultiLineComment(const QString &str, int &pos, i
                 // unpainted.
                 setFormat(start, pos - start - 1, DevSettings::commentFmt);
                 setFormat(pos, 1, DevSettings::errFmt);
-                throwError(3, pos, QStringLiteral("block"),
+                throwError(ErrorReport, pos, QStringLiteral("block"),
                            opening ? openingInCommentMessage() : closingInCommentMessage());
                 start = pos + 1;
             }
@@ -117,7 +117,7 @@ void MslSyntaxHighlighter::parseTerminatedComment(const QString &str, int &pos, 
                 brackets += opening ? 1 : -1;
                 setFormat(s, pos - s - 1, DevSettings::commentFmt);
                 setFormat(pos, 1, DevSettings::errFmt);
-                throwError(3, pos, QStringLiteral("block"),
+                throwError(ErrorReport, pos, QStringLiteral("block"),
                            opening ? openingInCommentMessage() : closingInCommentMessage());
                 s = pos + 1;
             }
@@ -129,7 +129,7 @@ void MslSyntaxHighlighter::parseTerminatedComment(const QString &str, int &pos, 
 
     if (!str.mid(s).trimmed().isEmpty()) {
         setFormat(s, pos - s, DevSettings::errFmt);
-        throwError(3, s, QStringLiteral("block"),
+        throwError(ErrorReport, s, QStringLiteral("block"),
                    QStringLiteral("Trailing text after end of a multi-line comment."));
     }
     pos -= 1;
@@ -140,7 +140,7 @@ void MslSyntaxHighlighter::parseUnterminatedComment(const QString &str, int &pos
     Q_UNUSED(str);
     setFormat(start, pos - start, DevSettings::commentNoEndFmt);
     // The column of this report is the comment's length, taken over as it is.
-    throwError(3, pos - start, QStringLiteral("block"),
+    throwError(ErrorReport, pos - start, QStringLiteral("block"),
                QStringLiteral("Inlined multi-line comment was never terminated - missing a "
                               "`| */'"));
     // Every scanning loop of the line stops at its next step.
@@ -167,16 +167,17 @@ void MslSyntaxHighlighter::doMessageCheck(const QString &str, int pos, Comment c
 
     struct Tag {
         const char *word;
-        int type;
+        ReportKind kind;
     };
-    static const Tag tags[] = {{"todo", 11}, {"fixme", 15}, {"hack", 13}, {"xxx", 14}};
+    static const Tag tags[] = {
+        {"todo", TodoNote}, {"fixme", FixmeNote}, {"hack", HackNote}, {"xxx", XxxNote}};
 
     const QString word = todo.toLower();
     for (const Tag &tag : tags) {
         const QLatin1String bare(tag.word);
         if (word == bare || (word.endsWith(QLatin1Char(':')) && word.chopped(1) == bare)) {
             setFormat(s, todo.size(), DevSettings::todoFmt);
-            throwMsg(tag.type, s, msg);
+            throwMsg(tag.kind, s, msg);
             return;
         }
     }

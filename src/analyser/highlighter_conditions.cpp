@@ -86,7 +86,7 @@ void MslSyntaxHighlighter::parseIf(const QString &str, int &pos, int &brackets)
         if (str.at(pos) != QLatin1Char(' ') && str.at(pos) != QLatin1Char('{')) {
             // Reported, and the scan goes on all the same.
             setFormat(pos, str.size() - pos, DevSettings::errFmt);
-            throwError(3, pos, conditionBlock(), trailingMessage());
+            throwError(ErrorReport, pos, conditionBlock(), trailingMessage());
         }
         if (pos >= str.size())
             return;
@@ -130,7 +130,7 @@ void MslSyntaxHighlighter::parseIfCond(const QString &str, int &pos, int &bracke
     if (pos >= str.size()) {
         // The text is what users have always seen; keep it letter for letter.
         setFormat(pos - 1, 1, DevSettings::errFmt);
-        throwError(3, pos, conditionBlock(), QStringLiteral("Trailing 33/3/3/3/3?33?33?33?33"));
+        throwError(ErrorReport, pos, conditionBlock(), QStringLiteral("Trailing 33/3/3/3/3?33?33?33?33"));
     } else {
         eatSpaces(str, pos);
         if (isCharAt(str, pos, '(')) {
@@ -224,7 +224,7 @@ void MslSyntaxHighlighter::parseSubCond(const QString &str, int &pos, int &brack
         length = pos - s + 1;
     }
     setFormat(s, length, DevSettings::errFmt);
-    throwError(3, s, conditionBlock(), trailingMessage());
+    throwError(ErrorReport, s, conditionBlock(), trailingMessage());
 }
 
 void MslSyntaxHighlighter::parseVarInCond(const QString &str, int &pos)
@@ -296,7 +296,7 @@ bool MslSyntaxHighlighter::scanPlainCond(const QString &str, int &pos, int &brac
                 }
             } else if (isCharAt(str, pos, ')')) {
                 setFormat(pos, 1, DevSettings::errFmt);
-                throwError(3, pos, conditionBlock(),
+                throwError(ErrorReport, pos, conditionBlock(),
                            QStringLiteral("Invalid closing brace, no opening brace found"));
                 pos += 1;
                 return true;
@@ -336,7 +336,7 @@ void MslSyntaxHighlighter::closeCond(const QString &str, int &pos, bool within, 
 
     if (!isCharAt(str, pos, ')')) {
         setFormat(pos, str.size() - pos, DevSettings::errFmt);
-        throwError(3, pos, conditionBlock(),
+        throwError(ErrorReport, pos, conditionBlock(),
                    QStringLiteral("Excess characters or incomplete condition"));
         pos = str.size();
         return;
@@ -354,5 +354,5 @@ void MslSyntaxHighlighter::closeCond(const QString &str, int &pos, bool within, 
     const int s = pos;
     eatNSpaces(str, pos);
     setFormat(s, pos - s, DevSettings::errFmt);
-    throwError(3, s, conditionBlock(), trailingMessage());
+    throwError(ErrorReport, s, conditionBlock(), trailingMessage());
 }

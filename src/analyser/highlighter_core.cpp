@@ -75,20 +75,21 @@ CBlockData *MslSyntaxHighlighter::currentRecord()
     return data;
 }
 
-void MslSyntaxHighlighter::throwError(int type, int pos, QString block, const QString &error)
+void MslSyntaxHighlighter::throwError(ReportKind kind, int pos, QString block,
+                                      const QString &error)
 {
     // Past the line's budget only the one report that says so goes out.
     if (!reportAllowed(pos))
         return;
     int errId = 0;
-    emit updateError(currentLineNumber(), pos, fname, block, QStringLiteral("???"), type, error,
+    emit updateError(currentLineNumber(), pos, fname, block, QStringLiteral("???"), kind, error,
                      errId);
     currentRecord()->remId.err.append(errId);
 }
 
-void MslSyntaxHighlighter::throwMsg(int type, int pos, QString &msg)
+void MslSyntaxHighlighter::throwMsg(ReportKind kind, int pos, QString &msg)
 {
-    throwError(type, pos, QString(), msg);
+    throwError(kind, pos, QString(), msg);
 }
 
 void MslSyntaxHighlighter::saveStateAlias(QString name, int pos, bool isLocal)

@@ -110,7 +110,7 @@ int MslSyntaxHighlighter::parseDialogStatement(const QString &str)
         eatSpaces(str, pos);
         if (pos < str.size()) {
             setFormat(pos, str.length() - pos, DevSettings::errFmt);
-            throwError(3, pos, dialogBlock(),
+            throwError(ErrorReport, pos, dialogBlock(),
                        QStringLiteral("Unexpected characters after closing bracket"));
         }
         return TableEnded;
@@ -133,7 +133,7 @@ int MslSyntaxHighlighter::parseDialogCommentOrRest(const QString &str, int pos,
     if (token == QLatin1String("rem")) {
         // Filed under "alias" and not searched for tags.
         setFormat(pos - 3, str.length(), DevSettings::commentFmt);
-        throwError(1, pos, QStringLiteral("alias"),
+        throwError(InformationReport, pos, QStringLiteral("alias"),
                    QStringLiteral("Old-style rem comments are deprecated, consider using `;' "
                                   "comments."));
         return TableGoesOn;
@@ -147,7 +147,7 @@ int MslSyntaxHighlighter::parseDialogCommentOrRest(const QString &str, int pos,
     // Graded as information although it is painted as an error; the table
     // goes on.
     setFormat(pos - tokenLength, str.length(), DevSettings::errFmt);
-    throwError(1, pos, dialogBlock(), QStringLiteral("Invalid dialog statement"));
+    throwError(InformationReport, pos, dialogBlock(), QStringLiteral("Invalid dialog statement"));
     return TableGoesOn;
 }
 
@@ -161,7 +161,7 @@ MslSyntaxHighlighter::treatDialogToken(const QString &str, int &pos, const QStri
             setFormat(pos - 1, 1, DevSettings::errFmt);
         else
             setFormat(pos - 1, str.length() + 1 - pos, DevSettings::errFmt);
-        throwError(3, pos, dialogBlock(),
+        throwError(ErrorReport, pos, dialogBlock(),
                    QStringLiteral("Unexpected closing bracket ending dialog block prematurely"));
         return ClosingDialogToken;
     }
@@ -201,11 +201,11 @@ int MslSyntaxHighlighter::parseDialogOption(const QString &str, int &pos)
             continue;
         if (!isOneOf(token.toLower(), {"dbu", "pixels", "notheme", "disable"})) {
             setFormat(pos - token.length(), token.length(), DevSettings::errFmt);
-            throwError(3, pos, dialogBlock(), QStringLiteral("Invalid option type"));
+            throwError(ErrorReport, pos, dialogBlock(), QStringLiteral("Invalid option type"));
         }
     }
     if (arg == 0) {
-        throwError(3, pos, dialogBlock(),
+        throwError(ErrorReport, pos, dialogBlock(),
                    QStringLiteral("Dialog option requires at least one type: dbu, pixels, "
                                   "notheme, disable"));
     }
@@ -235,10 +235,10 @@ int MslSyntaxHighlighter::parseDialogSize(const QString &str, int &pos)
     // count is not judged at all.
     if (arg == 0 || (arg == literal && literal < 4)) {
         setFormat(start - 4, 4, DevSettings::errFmt);
-        throwError(3, start - 4, dialogBlock(), QStringLiteral("Dialog size missing parameters"));
+        throwError(ErrorReport, start - 4, dialogBlock(), QStringLiteral("Dialog size missing parameters"));
     } else if (arg == literal && literal > 4) {
         setFormat(start - 4, 4, DevSettings::errFmt);
-        throwError(3, start - 4, dialogBlock(), QStringLiteral("Dialog size too many parameters"));
+        throwError(ErrorReport, start - 4, dialogBlock(), QStringLiteral("Dialog size too many parameters"));
     }
     return TableGoesOn;
 }
@@ -268,7 +268,7 @@ int MslSyntaxHighlighter::parseDialogTitle(const QString &str, int &pos)
         eatSpaces(str, pos);
         if (pos < str.size()) {
             setFormat(pos, str.length() - pos, DevSettings::errFmt);
-            throwError(3, pos, dialogBlock(),
+            throwError(ErrorReport, pos, dialogBlock(),
                        QStringLiteral("Trailing text after end of title string"));
         }
         return TableGoesOn;
@@ -286,7 +286,7 @@ int MslSyntaxHighlighter::parseDialogTitle(const QString &str, int &pos)
     }
     if (arg == 0) {
         setFormat(start - 5, 5, DevSettings::errFmt);
-        throwError(3, start - 5, dialogBlock(),
+        throwError(ErrorReport, start - 5, dialogBlock(),
                    QStringLiteral("Dialog title requires a string title"));
     }
     return TableGoesOn;
@@ -368,7 +368,7 @@ int MslSyntaxHighlighter::missingDialogField(int markStart, int column, int keyw
                                              const char *message, const QString &keyword)
 {
     setFormat(markStart, keywordLength, DevSettings::errFmt);
-    throwError(3, column, dialogBlock(), keywordMessage(message, keyword));
+    throwError(ErrorReport, column, dialogBlock(), keywordMessage(message, keyword));
     return TableGoesOn;
 }
 
@@ -391,7 +391,7 @@ void MslSyntaxHighlighter::scanDialogField(const QString &str, int &pos, int k, 
                 if (pos - s >= 2 && str.mid(s, pos - s).contains(QLatin1Char(','))) {
                     setFormat(k - keywordLength, keywordLength, DevSettings::errFmt);
                     setFormat(s, pos - s, DevSettings::errFmt);
-                    throwError(3, s, dialogBlock(),
+                    throwError(ErrorReport, s, dialogBlock(),
                                QStringLiteral("Identifier cannot contain commas"));
                 }
                 // Never step back behind the identifier's start.
@@ -431,7 +431,7 @@ int MslSyntaxHighlighter::parseDialogStyles(const QString &str, int &pos, const 
         const bool common = isOneOf(token, {"disable", "hide", "group", "result"});
         if (!own.contains(token) && !tabWord && !common) {
             setFormat(pos - token.length(), token.length(), DevSettings::errFmt);
-            throwError(3, pos, dialogBlock(), QStringLiteral("Invalid style type"));
+            throwError(ErrorReport, pos, dialogBlock(), QStringLiteral("Invalid style type"));
         }
     }
     return TableGoesOn;

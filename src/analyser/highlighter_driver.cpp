@@ -91,7 +91,7 @@ void MslSyntaxHighlighter::parseTopLevelLine(const QString &str, bool inGroup)
     if (DevSettings::singleLRCommentRgx.match(str).hasMatch()) {
         // Leaves state 1 even inside a group: a rem line ends the group.
         setFormat(0, str.size(), DevSettings::commentFmt);
-        throwError(1, 0, QStringLiteral("root"), remMessage());
+        throwError(InformationReport, 0, QStringLiteral("root"), remMessage());
         return;
     }
     if (str.trimmed().startsWith(QLatin1Char('#'))) {
@@ -136,7 +136,7 @@ void MslSyntaxHighlighter::parseGroupLine(const QString &str, bool inGroup)
 
     // Any ill-formed group line leaves the group.
     setFormat(0, str.size(), DevSettings::errFmt);
-    throwError(3, cPos, QStringLiteral("root"),
+    throwError(ErrorReport, cPos, QStringLiteral("root"),
                inGroup ? QStringLiteral("Ill-formed script group, expecting `#<group> end'")
                        : QStringLiteral("Ill-formed script group"));
     setCurrentBlockState(TopLevel);
@@ -174,13 +174,13 @@ void MslSyntaxHighlighter::parseDialogHeader(const QString &str, int &cPos, bool
             return;
         }
         setFormat(cPos, str.size() - cPos, DevSettings::errFmt);
-        throwError(3, cPos, QStringLiteral("Dialog"),
+        throwError(ErrorReport, cPos, QStringLiteral("Dialog"),
                    QStringLiteral("Excess characters after opening bracket, will result in "
                                   "`creation error'"));
         return;
     }
     setFormat(cPos, str.size() - cPos, DevSettings::errFmt);
-    throwError(3, cPos, QStringLiteral("Dialog"),
+    throwError(ErrorReport, cPos, QStringLiteral("Dialog"),
                QStringLiteral("No opening bracket found, will result in `creation error'"));
 }
 
@@ -268,7 +268,7 @@ void MslSyntaxHighlighter::closeTopLevelComment(const QString &str, int stay, in
     if (e >= str.trimmed().size())
         return;
     setFormat(e, str.size(), DevSettings::errFmt);
-    throwError(3, e, QStringLiteral("root"), trailingMessage());
+    throwError(ErrorReport, e, QStringLiteral("root"), trailingMessage());
 }
 
 void MslSyntaxHighlighter::dispatchBody(const QString &str, int c, bool inOn)
@@ -310,7 +310,7 @@ void MslSyntaxHighlighter::parseBodyLine(const QString &str, int c, int brackets
             && lowersTo(QStringView(str).mid(cPos, 3), QLatin1String("rem"))
             && (cPos + 3 >= str.size() || str.at(cPos + 3) == QLatin1Char(' '))) {
             setFormat(cPos, str.size(), DevSettings::commentFmt);
-            throwError(1, cPos, isEvent ? QStringLiteral("event") : QStringLiteral("alias"),
+            throwError(InformationReport, cPos, isEvent ? QStringLiteral("event") : QStringLiteral("alias"),
                        remMessage());
             setCurrentBlockState(c + groupAdd);
             return;
@@ -349,7 +349,7 @@ void MslSyntaxHighlighter::parseCommentInBody(const QString &str, int c, int gro
         if (!rest.isEmpty()) {
             setFormat(cPos, rest.size(), DevSettings::errFmt);
             // "alias" in event bodies too.
-            throwError(3, cPos, QStringLiteral("alias"), trailingMessage());
+            throwError(ErrorReport, cPos, QStringLiteral("alias"), trailingMessage());
         }
         return;
     }
@@ -373,7 +373,7 @@ void MslSyntaxHighlighter::parseCommentInDialog(const QString &str)
         const QString rest = str.mid(cPos).trimmed();
         if (!rest.isEmpty()) {
             setFormat(cPos, rest.size(), DevSettings::errFmt);
-            throwError(3, cPos, QStringLiteral("Dialog"), trailingMessage());
+            throwError(ErrorReport, cPos, QStringLiteral("Dialog"), trailingMessage());
         }
         return;
     }

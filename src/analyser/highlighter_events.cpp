@@ -96,6 +96,96 @@ EventFamily familyOf(const QString &event)
     return NoFamily;
 }
 
+} // namespace
+
+// Where a parameter saves the line's record: once it is found (at its
+// start), or once it has been stepped over (behind it).
+enum SavePoint { NoSave, SaveFound, SaveStepped };
+
+// The sentence of the variable test a parameter undergoes, if any.
+enum VariableSentence { NoVariableTest, MatchtextSentence, TargetSentence, WindowSentence };
+
+// One colon-separated parameter of an event header.
+struct EventParameter
+{
+    const char *missing;       // the report when it is left out; null: optional
+    SavePoint save;
+    bool savesText;            // the record keeps this text, or an empty one
+    bool lowered;              // tested, examined and saved in lower case
+    VariableSentence variables;
+    EventExamination examine;  // when it is no variable
+};
+
+// What an event family takes behind its word.
+struct EventGrammar
+{
+    bool savesFirst;           // the record is saved before any parameter is looked for
+    int count;
+    EventParameter params[3];
+};
+
+namespace {
+
+using Ex = EventExamination;
+
+// One grammar per family, in the order of EventFamily. Which parameter is
+// lowered, which saves and which is tested varies from family to family
+// without a rule; the table keeps each as it is.
+const EventGrammar grammars[] = {
+    // NoFamily
+    {false, 0, {}},
+    // MessageFamily
+    {false, 2,
+     {{"matchtext parameter is missing", SaveFound, true, false, MatchtextSentence, Ex::None},
+      // The target is told the matchtext sentence; it stays so.
+      {"target parameter is missing", NoSave, false, false, MatchtextSentence, Ex::MixedTargets}}},
+    // BareFamily: the body follows the event's own colon at once.
+    {true, 0, {}},
+    // ChannelFamily
+    {false, 1,
+     {{"target parameter is missing", SaveFound, false, false, MatchtextSentence,
+       Ex::ChannelTargets}}},
+    // MatchFamily
+    {false, 1,
+     {{"matchtext parameter is missing", SaveFound, true, false, MatchtextSentence,
+       Ex::None}}},
+    // WindowTargetFamily: saved first, so the record exists even when the
+    // target is missing.
+    {true, 1,
+     {{"target parameter is missing", NoSave, false, false, TargetSentence, Ex::WindowTarget}}},
+    // FileFamily
+    {true, 1, {{"filename parameter is missing", NoSave, false, false, NoVariableTest,
+                Ex::None}}},
+    // DccServerFamily
+    {true, 1, {{"DCC type parameter is missing", NoSave, false, false, NoVariableTest,
+                Ex::DccType}}},
+    // OpenFamily: the target is not examined at all; the match text may be
+    // left out, colon and all, and its record is saved behind it.
+    {false, 2,
+     {{"target parameter is missing", NoSave, false, false, NoVariableTest, Ex::None},
+      {nullptr, SaveStepped, true, true, MatchtextSentence, Ex::None}}},
+    // VoiceCommandFamily
+    {false, 2,
+     {{"matchtext parameter is missing", SaveFound, true, false, MatchtextSentence,
+       Ex::None},
+      {"target parameter is missing", NoSave, false, true, TargetSentence, Ex::None}}},
+    // KeyFamily: the keys are told the window's sentence; it stays so.
+    {false, 2,
+     {{"window parameter is missing", SaveFound, true, true, WindowSentence, Ex::None},
+      {"key types parameter is missing", NoSave, false, true, WindowSentence, Ex::Keys}}},
+    // LogonFamily: the match text is neither examined nor saved.
+    {true, 1, {{"matchtext parameter is missing", NoSave, false, false, NoVariableTest,
+                Ex::None}}},
+    // DialogFamily
+    {false, 3,
+     {{"name parameter is missing", SaveFound, true, true, NoVariableTest, Ex::None},
+      {"event parameter is missing", NoSave, false, false, NoVariableTest, Ex::DialogEventType},
+      {"dialog ID parameter is missing", NoSave, false, false, NoVariableTest,
+       Ex::DialogEventId}}},
+};
+static_assert(sizeof(grammars) / sizeof(grammars[0]) == DialogFamily + 1,
+              "one grammar per event family");
+
 // The text from `pos` up to the next colon at or behind it; false when no
 // colon follows.
 bool textToColon(const QString &str, int pos, QString &text)
@@ -125,6 +215,21 @@ QString windowVariables()
 {
     return QStringLiteral("window parameter contains variables and text must be enclosed by "
                           "the $() identifier");
+}
+
+QString variableSentence(VariableSentence sentence)
+{
+    switch (sentence) {
+    case MatchtextSentence:
+        return matchtextVariables();
+    case TargetSentence:
+        return targetVariables();
+    case WindowSentence:
+        return windowVariables();
+    case NoVariableTest:
+        break;
+    }
+    return QString();
 }
 
 QStringList splitKeepingEmpty(const QString &text, QChar sep)
@@ -159,156 +264,71 @@ bool MslSyntaxHighlighter::parseEvent(const QString &str, int &pos, int &bracket
     ev.block = QStringLiteral("on ") + event;
     setFormat(ev.start, ev.length, DevSettings::onEventFmt);
 
-    const QString &block = ev.block;
-    QString matchtext, target, filenames, type, window, keys, name, eventType, id;
-    int final = 0;
+    parseEventParameters(str, pos, ev, grammars[family]);
+    return true;
+}
 
-    switch (family) {
-    case MessageFamily:
-        if (!takeEventParameter(str, pos, ev, QStringLiteral("matchtext parameter is missing"),
-                                matchtext))
-            return true;
-        saveStateEvent(event, matchtext, pos);
-        eventVariableTest(pos, matchtext, block, matchtextVariables());
-        pos += matchtext.length() + 1;
-        if (!takeEventParameter(str, pos, ev, QStringLiteral("target parameter is missing"), target))
-            return true;
-        final = pos + target.length() + 1;
-        if (!eventVariableTest(pos, target, block, matchtextVariables()))
-            walkMixedTargets(pos, target, block);
-        pos = final;
-        return true;
+void MslSyntaxHighlighter::parseEventParameters(const QString &str, int &pos,
+                                                const EventWord &ev, const EventGrammar &grammar)
+{
+    if (grammar.savesFirst)
+        saveStateEvent(ev.event, QString(), pos);
 
-    case BareFamily:
-        // The body follows the event's own colon at once.
-        saveStateEvent(event, QString(), pos);
-        return true;
-
-    case ChannelFamily:
-        if (!takeEventParameter(str, pos, ev, QStringLiteral("target parameter is missing"), target))
-            return true;
-        saveStateEvent(event, QString(), pos);
-        final = pos + target.length() + 1;
-        if (!eventVariableTest(pos, target, block, matchtextVariables()))
-            walkChannelTargets(pos, target, block);
-        pos = final;
-        return true;
-
-    case MatchFamily:
-        if (!takeEventParameter(str, pos, ev, QStringLiteral("matchtext parameter is missing"),
-                                matchtext))
-            return true;
-        saveStateEvent(event, matchtext, pos);
-        eventVariableTest(pos, matchtext, block, matchtextVariables());
-        pos += matchtext.length() + 1;
-        return true;
-
-    case WindowTargetFamily:
-        // Saved before the parameter is looked for, so the record exists
-        // even when the target is missing.
-        saveStateEvent(event, QString(), pos);
-        if (!takeEventParameter(str, pos, ev, QStringLiteral("target parameter is missing"), target))
-            return true;
-        if (!eventVariableTest(pos, target, block, targetVariables()))
-            checkWindowTarget(pos, target, block);
-        pos += target.length() + 1;
-        return true;
-
-    case FileFamily:
-        saveStateEvent(event, QString(), pos);
-        if (!takeEventParameter(str, pos, ev, QStringLiteral("filename parameter is missing"),
-                                filenames))
-            return true;
-        pos += filenames.length() + 1;
-        return true;
-
-    case DccServerFamily:
-        saveStateEvent(event, QString(), pos);
-        if (!takeEventParameter(str, pos, ev, QStringLiteral("DCC type parameter is missing"), type))
-            return true;
-        if (type.toLower() != QLatin1String("chat") && type.toLower() != QLatin1String("send")
-            && type.toLower() != QLatin1String("fserve")) {
-            setFormat(pos, type.length(), DevSettings::errFmt);
-            throwError(3, pos, block,
-                       QStringLiteral("Invalid DCC type parameter, must be one of the following: "
-                                      "chat, send, or fserve."));
+    for (int i = 0; i < grammar.count; ++i) {
+        const EventParameter &param = grammar.params[i];
+        QString raw;
+        if (!param.missing) {
+            if (!textToColon(str, pos, raw)) {
+                if (param.save != NoSave)
+                    saveStateEvent(ev.event, QString(), pos);
+                return;
+            }
+        } else if (!takeEventParameter(str, pos, ev, QLatin1String(param.missing), raw)) {
+            return;
         }
-        pos += type.length() + 1;
-        return true;
 
-    case OpenFamily:
-        // The target is not examined at all.
-        if (!takeEventParameter(str, pos, ev, QStringLiteral("target parameter is missing"), target))
-            return true;
-        pos += target.length() + 1;
-        // The match text may be left out, colon and all.
-        if (!textToColon(str, pos, matchtext)) {
-            saveStateEvent(event, QString(), pos);
-            return true;
-        }
-        eventVariableTest(pos, matchtext.toLower(), block, matchtextVariables());
-        pos += matchtext.length() + 1;
-        // Here the saved position lies behind the parameters.
-        saveStateEvent(event, matchtext.toLower(), pos);
-        return true;
+        const QString text = param.lowered ? raw.toLower() : raw;
+        const QString saved = param.savesText ? text : QString();
+        if (param.save == SaveFound)
+            saveStateEvent(ev.event, saved, pos);
+        const bool variable = param.variables != NoVariableTest
+            && eventVariableTest(pos, text, ev.block, variableSentence(param.variables));
+        if (!variable)
+            examineEventParameter(param.examine, pos, text, ev);
+        pos += raw.length() + 1;
+        if (param.save == SaveStepped)
+            saveStateEvent(ev.event, saved, pos);
+    }
+}
 
-    case VoiceCommandFamily:
-        if (!takeEventParameter(str, pos, ev, QStringLiteral("matchtext parameter is missing"),
-                                matchtext))
-            return true;
-        saveStateEvent(event, matchtext, pos);
-        eventVariableTest(pos, matchtext, block, matchtextVariables());
-        pos += matchtext.length() + 1;
-        if (!takeEventParameter(str, pos, ev, QStringLiteral("target parameter is missing"), target))
-            return true;
-        eventVariableTest(pos, target.toLower(), block, targetVariables());
-        pos += target.length() + 1;
-        return true;
-
-    case KeyFamily:
-        if (!takeEventParameter(str, pos, ev, QStringLiteral("window parameter is missing"), window))
-            return true;
-        saveStateEvent(event, window.toLower(), pos);
-        eventVariableTest(pos, window.toLower(), block, windowVariables());
-        pos += window.length() + 1;
-        if (!takeEventParameter(str, pos, ev, QStringLiteral("key types parameter is missing"),
-                                keys))
-            return true;
-        // The keys are told the window's sentence; it stays so.
-        if (!eventVariableTest(pos, keys.toLower(), block, windowVariables()))
-            walkKeys(pos, keys.toLower(), block);
-        pos += keys.length() + 1;
-        return true;
-
-    case LogonFamily:
-        // Neither examined nor saved.
-        saveStateEvent(event, QString(), pos);
-        if (!takeEventParameter(str, pos, ev, QStringLiteral("matchtext parameter is missing"),
-                                matchtext))
-            return true;
-        pos += matchtext.length() + 1;
-        return true;
-
-    case DialogFamily:
-        if (!takeEventParameter(str, pos, ev, QStringLiteral("name parameter is missing"), name))
-            return true;
-        saveStateEvent(event, name.toLower(), pos);
-        pos += name.length() + 1;
-        if (!takeEventParameter(str, pos, ev, QStringLiteral("event parameter is missing"),
-                                eventType))
-            return true;
-        checkDialogEventType(pos, eventType, ev);
-        pos += eventType.length() + 1;
-        if (!takeEventParameter(str, pos, ev, QStringLiteral("dialog ID parameter is missing"), id))
-            return true;
-        checkDialogEventId(pos, id, ev);
-        pos += id.length() + 1;
-        return true;
-
-    case NoFamily:
+void MslSyntaxHighlighter::examineEventParameter(EventExamination examination, int pos,
+                                                 const QString &text, const EventWord &ev)
+{
+    switch (examination) {
+    case EventExamination::MixedTargets:
+        walkMixedTargets(pos, text, ev.block);
+        break;
+    case EventExamination::ChannelTargets:
+        walkChannelTargets(pos, text, ev.block);
+        break;
+    case EventExamination::WindowTarget:
+        checkWindowTarget(pos, text, ev.block);
+        break;
+    case EventExamination::DccType:
+        checkDccType(pos, text, ev.block);
+        break;
+    case EventExamination::Keys:
+        walkKeys(pos, text, ev.block);
+        break;
+    case EventExamination::DialogEventType:
+        checkDialogEventType(pos, text, ev);
+        break;
+    case EventExamination::DialogEventId:
+        checkDialogEventId(pos, text, ev);
+        break;
+    case EventExamination::None:
         break;
     }
-    return false;
 }
 
 bool MslSyntaxHighlighter::takeEventParameter(const QString &str, int &pos, const EventWord &ev,
@@ -322,7 +342,7 @@ bool MslSyntaxHighlighter::takeEventParameter(const QString &str, int &pos, cons
     // A missing parameter is always shown on the event word; the header
     // ends here with no body.
     setFormat(ev.start, ev.length, DevSettings::errFmt);
-    throwError(3, ev.start, ev.block, missing);
+    throwError(ErrorReport, ev.start, ev.block, missing);
     pos = str.length();
     return false;
 }
@@ -335,7 +355,7 @@ bool MslSyntaxHighlighter::eventVariableTest(int pos, const QString &token,
     if (token.startsWith(QLatin1Char('%'))) {
         if (token.contains(QLatin1Char(' '))) {
             setFormat(pos, token.length(), DevSettings::errFmt);
-            throwError(3, pos, block, message);
+            throwError(ErrorReport, pos, block, message);
         } else {
             setFormat(pos, token.length(), DevSettings::varFmt);
         }
@@ -390,7 +410,7 @@ void MslSyntaxHighlighter::walkMixedTargets(int pos, const QString &target,
                 setFormat(p, token.length(), DevSettings::wrnFmt);
             p += token.length() + 1;
         }
-        throwError(2, bothPos, block,
+        throwError(WarningReport, bothPos, block,
                    QStringLiteral("Wildcard * overrules all other targets, making them pointless."));
         return;
     }
@@ -410,7 +430,7 @@ void MslSyntaxHighlighter::walkMixedTargets(int pos, const QString &target,
             p += token.length() + 1;
         }
         if (found) {
-            throwError(2, queryPos, block,
+            throwError(WarningReport, queryPos, block,
                        QStringLiteral("Wildcard ? overrules all other query targets, making them "
                                       "pointless."));
         }
@@ -430,7 +450,7 @@ void MslSyntaxHighlighter::walkMixedTargets(int pos, const QString &target,
             p += token.length() + 1;
         }
         if (found) {
-            throwError(2, chanPos, block,
+            throwError(WarningReport, chanPos, block,
                        QStringLiteral("Wildcard # overrules all other channels targets, making "
                                       "them pointless."));
         }
@@ -465,7 +485,7 @@ void MslSyntaxHighlighter::walkChannelTargets(int pos, const QString &target,
                 setFormat(p, token.length(), DevSettings::wrnFmt);
             p += token.length() + 1;
         }
-        throwError(2, chanPos, block,
+        throwError(WarningReport, chanPos, block,
                    QStringLiteral("Wildcard * overrules all other targets, making them pointless."));
         return;
     }
@@ -474,7 +494,7 @@ void MslSyntaxHighlighter::walkChannelTargets(int pos, const QString &target,
     for (const QString &token : l) {
         if (!token.startsWith(QLatin1Char('#'))) {
             setFormat(p, token.length(), DevSettings::errFmt);
-            throwError(3, p, block, QStringLiteral("Invalid channel name in target."));
+            throwError(ErrorReport, p, block, QStringLiteral("Invalid channel name in target."));
         }
         p += token.length() + 1;
     }
@@ -489,9 +509,20 @@ void MslSyntaxHighlighter::checkWindowTarget(int pos, const QString &target,
     if (!target.isEmpty() && allowed.contains(target.at(0)))
         return;
     setFormat(pos, target.length(), DevSettings::errFmt);
-    throwError(3, pos, block,
+    throwError(ErrorReport, pos, block,
                QStringLiteral("Invalid target parameter, must be one of the following: "
                               "*, #, ?, =, !, @."));
+}
+
+void MslSyntaxHighlighter::checkDccType(int pos, const QString &type, const QString &block)
+{
+    if (type.toLower() != QLatin1String("chat") && type.toLower() != QLatin1String("send")
+        && type.toLower() != QLatin1String("fserve")) {
+        setFormat(pos, type.length(), DevSettings::errFmt);
+        throwError(ErrorReport, pos, block,
+                   QStringLiteral("Invalid DCC type parameter, must be one of the following: "
+                                  "chat, send, or fserve."));
+    }
 }
 
 void MslSyntaxHighlighter::walkKeys(int pos, const QString &keys,
@@ -503,7 +534,7 @@ void MslSyntaxHighlighter::walkKeys(int pos, const QString &keys,
     for (const QString &key : splitKeepingEmpty(keys, QLatin1Char(','))) {
         if (!isNumeric(key)) {
             setFormat(tpos, key.length(), DevSettings::errFmt);
-            throwError(3, pos, block, QStringLiteral("Invalid key type"));
+            throwError(ErrorReport, pos, block, QStringLiteral("Invalid key type"));
         }
         tpos += key.length() + 1;
     }
@@ -522,7 +553,7 @@ void MslSyntaxHighlighter::checkDialogEventType(int pos, const QString &eventTyp
         return;
     // Coloured where it stands, reported at the event word.
     setFormat(pos, eventType.length(), DevSettings::errFmt);
-    throwError(3, ev.start, ev.block, QStringLiteral("Invalid event type"));
+    throwError(ErrorReport, ev.start, ev.block, QStringLiteral("Invalid event type"));
 }
 
 void MslSyntaxHighlighter::checkDialogEventId(int pos, const QString &id, const EventWord &ev)
@@ -551,5 +582,5 @@ void MslSyntaxHighlighter::checkDialogEventId(int pos, const QString &id, const 
         ttpos += idNum.length() + 1;
     }
     if (error)
-        throwError(3, ev.start, ev.block, QStringLiteral("Invalid dialog ID"));
+        throwError(ErrorReport, ev.start, ev.block, QStringLiteral("Invalid dialog ID"));
 }

@@ -60,7 +60,7 @@ void MslSyntaxHighlighter::parseDialog(const QString &str, int &cPos)
             ++cPos;
         }
         if (cPos > start) {
-            throwError(2, start, QStringLiteral("dialog"),
+            throwError(WarningReport, start, QStringLiteral("dialog"),
                        QStringLiteral("Illegal alias switches: `") + str.mid(start, cPos - start));
         }
     }

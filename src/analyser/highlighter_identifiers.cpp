@@ -172,7 +172,7 @@ void MslSyntaxHighlighter::parseIdentArgs(const QString &str, int &pos, int &bra
             // is lost to it. The report carries the bare name as its block,
             // and the scan then runs out as an unclosed identifier.
             setFormat(pos, str.size() - pos, DevSettings::errFmt);
-            throwError(3, id.start, id.ident,
+            throwError(ErrorReport, id.start, id.ident,
                        QStringLiteral("Invalid format: ") + id.ident
                            + QStringLiteral(". Unexpected command separated found."));
             pos = str.size();
@@ -202,7 +202,7 @@ void MslSyntaxHighlighter::parseIdentArgs(const QString &str, int &pos, int &bra
         inCalc = id.preCalc;
     setFormat(id.identStart, pos - id.identStart, DevSettings::errFmt);
     if (id.start != pos)
-        throwError(3, id.identStart, QStringLiteral("Ident: ") + id.ident,
+        throwError(ErrorReport, id.identStart, QStringLiteral("Ident: ") + id.ident,
                    QStringLiteral("No closing brace found on identifier `") + id.ident
                        + QStringLiteral("'"));
     saveIdent(str, pos, id);
@@ -250,7 +250,7 @@ bool MslSyntaxHighlighter::parseIifCondition(const QString &str, int &pos)
 
     // Text glued to the condition is reported, and deliberately not painted:
     // the scan goes on from the same character.
-    throwError(3, pos, QStringLiteral("condition"),
+    throwError(ErrorReport, pos, QStringLiteral("condition"),
                QStringLiteral("Trailing Characters after closing bracket."));
     return true;
 }
@@ -297,7 +297,7 @@ void MslSyntaxHighlighter::closeIdent(const QString &str, int &pos, int inIdent,
     } else {
         setFormat(p, pos - p, DevSettings::errFmt);
         if (p != pos)
-            throwError(3, p, QStringLiteral("block"),
+            throwError(ErrorReport, p, QStringLiteral("block"),
                        QStringLiteral("Illegal characters after identifier `") + id.ident
                            + QStringLiteral("' closing bracket"));
     }
@@ -314,37 +314,38 @@ void MslSyntaxHighlighter::checkIdent(int pos, IdentScan &id)
 
     const int hadProp = id.prop.size();
     const QString prop = id.prop.mid(1);
-    const int result =
+    const MslInfo::IdentCheck result =
         MslInfo::isProperIdentArgs(id.ident, static_cast<unsigned int>(id.args), prop);
     // Made only for a report: most identifiers pass.
     auto block = [&id] { return QStringLiteral("Ident: ") + id.ident; };
 
     QString countError;
     switch (result) {
-    case 2:
+    case MslInfo::TooFewArgs:
         countError = QStringLiteral("Too few parameters");
         break;
-    case 3:
+    case MslInfo::TooManyArgs:
         countError = QStringLiteral("Too many parameters");
         break;
-    case 4:
+    case MslInfo::WrongArgParity:
         countError = QStringLiteral("Invalid format - invalid number of parameters");
         break;
-    case 5:
+    case MslInfo::NoSuchProperty:
         setFormat(id.propPos, prop.size() + 1, DevSettings::wrnFmt);
-        throwError(2, pos - prop.size(), block(),
+        throwError(WarningReport, pos - prop.size(), block(),
                    QStringLiteral("Invalid property - Ident possess no such property"));
         return;
     default:
         // Known or not, a lone dot is worth a word.
         if (prop.isEmpty() && hadProp != 0) {
             setFormat(id.propPos, 1, DevSettings::infFmt);
-            throwError(1, pos - 1, block(), QStringLiteral("Empty property does nothing"));
+            throwError(InformationReport, pos - 1, block(),
+                       QStringLiteral("Empty property does nothing"));
         }
         return;
     }
     setFormat(id.identStart, pos + 1 - id.identStart, DevSettings::errFmt);
-    throwError(3, id.identStart, block(), countError);
+    throwError(ErrorReport, id.identStart, block(), countError);
 }
 
 void MslSyntaxHighlighter::saveIdent(const QString &str, int &pos, IdentScan &id)

@@ -1,6 +1,8 @@
 #ifndef MSLTEXTEDIT_H
 #define MSLTEXTEDIT_H
 
+#include "reportkind.h"
+
 #include <QObject>
 #include <QString>
 #include <QSyntaxHighlighter>
@@ -21,6 +23,20 @@ struct Identifier
 };
 
 // The report ids of one line, with the signal that withdraws them.
+// The parameters an event family takes behind its word, and what
+// examines each (highlighter_events.cpp).
+struct EventGrammar;
+enum class EventExamination {
+    None,
+    MixedTargets,
+    ChannelTargets,
+    WindowTarget,
+    DccType,
+    Keys,
+    DialogEventType,
+    DialogEventId,
+};
+
 class DumErr : public QObject
 {
     Q_OBJECT
@@ -95,8 +111,8 @@ protected:
 
     // Foundations (highlighter_core.cpp).
     int currentLineNumber();
-    void throwError(int type, int pos, QString block, const QString &error);
-    void throwMsg(int type, int pos, QString &msg);
+    void throwError(ReportKind kind, int pos, QString block, const QString &error);
+    void throwMsg(ReportKind kind, int pos, QString &msg);
     void saveStateAlias(QString name, int pos, bool isLocal);
     void saveStateDialog(QString name, int pos, bool isLocal);
     void saveStateEvent(QString name, QString matchtext, int pos);
@@ -244,6 +260,10 @@ private:
         int length = 0;
         QString block;
     };
+    void parseEventParameters(const QString &str, int &pos, const EventWord &ev,
+                              const EventGrammar &grammar);
+    void examineEventParameter(EventExamination examination, int pos, const QString &text,
+                               const EventWord &ev);
     bool takeEventParameter(const QString &str, int &pos, const EventWord &ev,
                             const QString &missing, QString &param);
     bool eventVariableTest(int pos, const QString &token,
@@ -254,6 +274,7 @@ private:
                             const QString &block);
     void checkWindowTarget(int pos, const QString &target,
                            const QString &block);
+    void checkDccType(int pos, const QString &type, const QString &block);
     void walkKeys(int pos, const QString &keys, const QString &block);
     void checkDialogEventType(int pos, const QString &eventType, const EventWord &ev);
     void checkDialogEventId(int pos, const QString &id, const EventWord &ev);

@@ -71,44 +71,6 @@ int ReportStore::textColumn(List list)
     return list == MessagesList ? MessagesTextColumn : DebugTextColumn;
 }
 
-QString ReportStore::iconPath(int type)
-{
-    switch (type) {
-    case 1:
-        return QStringLiteral(":/messages/syntax/resources/img_assets/messages/syntax/information.png");
-    case 2:
-        return QStringLiteral(":/messages/syntax/resources/img_assets/messages/syntax/warning.png");
-    case 3:
-        return QStringLiteral(":/messages/syntax/resources/img_assets/messages/syntax/error.png");
-    case 10:
-        return QStringLiteral(":/messages/syntax/msgs/resources/img_assets/messages/syntax/msgs/blue.png");
-    case 11:
-        return QStringLiteral(":/messages/syntax/msgs/resources/img_assets/messages/syntax/msgs/green.png");
-    case 12:
-        return QStringLiteral(":/messages/syntax/msgs/resources/img_assets/messages/syntax/msgs/grey.png");
-    case 13:
-        return QStringLiteral(":/messages/syntax/msgs/resources/img_assets/messages/syntax/msgs/orange.png");
-    case 14:
-        return QStringLiteral(":/messages/syntax/msgs/resources/img_assets/messages/syntax/msgs/red.png");
-    case 15:
-        return QStringLiteral(":/messages/syntax/msgs/resources/img_assets/messages/syntax/msgs/yellow.png");
-    default:
-        return QString();
-    }
-}
-
-QIcon ReportStore::icon(int type)
-{
-    // One icon per type, shared by all rows.
-    static QHash<int, QIcon> cache;
-    auto it = cache.find(type);
-    if (it == cache.end()) {
-        const QString path = iconPath(type);
-        it = cache.insert(type, path.isEmpty() ? QIcon() : QIcon(path));
-    }
-    return it.value();
-}
-
 void ReportStore::watch(List list)
 {
     QStandardItemModel *m = lists[list].model;
@@ -214,7 +176,8 @@ QList<QStandardItem *> ReportStore::makeRow(List list, int lineNum, int linePos,
     row << newCell(id);
     // The icon first, then the text.
     auto *text = new QStandardItem;
-    text->setData(icon(type), Qt::DecorationRole);
+    if (kindIcon)
+        text->setData(kindIcon(type), Qt::DecorationRole);
     text->setData(message, Qt::EditRole);
     row << text;
     return row;

@@ -1,6 +1,8 @@
 #ifndef REPORTSTORE_H
 #define REPORTSTORE_H
 
+#include "reportkind.h"
+
 #include <QHash>
 #include <QIcon>
 #include <QObject>
@@ -51,13 +53,14 @@ public:
                 QObject *parent = nullptr);
     ~ReportStore() override;
 
-    // Types above 9 are developer notes and go to the Messages list.
-    static List listFor(int type) { return type > 9 ? MessagesList : DebugList; }
+    // Developer notes go to the Messages list, the rest to Debug.
+    static List listFor(int type) { return isNote(type) ? MessagesList : DebugList; }
     static int idColumn(List list);
     static int textColumn(List list);
-    // The resource path of a type's icon; empty for a type without one.
-    static QString iconPath(int type);
-    static QIcon icon(int type);
+    // How a row shows its report's kind. The dock gives its icons; a
+    // store that no one looks at (the lint's) shows none.
+    using KindIcon = QIcon (*)(int kind);
+    void setKindIcon(KindIcon icon) { kindIcon = icon; }
 
     QStandardItemModel *model(List list) const { return lists[list].model; }
 
@@ -150,6 +153,7 @@ private:
     };
 
     ListState lists[2];
+    KindIcon kindIcon = nullptr;
     std::set<int> standing;
     QHash<int, QStandardItem *> idItems;
     // Set while the store itself changes a model, so that its own edits

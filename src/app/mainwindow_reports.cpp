@@ -6,13 +6,16 @@
 #include "mdichild_editor.h"
 #include "msltextedit.h"
 #include "msltexteditor.h"
+#include "reportkind.h"
 #include "reportstore.h"
 
 #include <QAction>
 #include <QClipboard>
 #include <QDockWidget>
 #include <QGuiApplication>
+#include <QHash>
 #include <QHeaderView>
+#include <QIcon>
 #include <QMenu>
 #include <QStandardItemModel>
 #include <QTabWidget>
@@ -29,6 +32,44 @@ void setHeaders(QStandardItemModel *model, const QStringList &titles)
 QString cellText(const QStandardItemModel *model, int row, int column)
 {
     return model->data(model->index(row, column), Qt::EditRole).toString();
+}
+
+QString kindIconPath(int kind)
+{
+    switch (kind) {
+    case InformationReport:
+        return QStringLiteral(":/messages/syntax/resources/img_assets/messages/syntax/information.png");
+    case WarningReport:
+        return QStringLiteral(":/messages/syntax/resources/img_assets/messages/syntax/warning.png");
+    case ErrorReport:
+        return QStringLiteral(":/messages/syntax/resources/img_assets/messages/syntax/error.png");
+    case BlueNote:
+        return QStringLiteral(":/messages/syntax/msgs/resources/img_assets/messages/syntax/msgs/blue.png");
+    case TodoNote:
+        return QStringLiteral(":/messages/syntax/msgs/resources/img_assets/messages/syntax/msgs/green.png");
+    case GreyNote:
+        return QStringLiteral(":/messages/syntax/msgs/resources/img_assets/messages/syntax/msgs/grey.png");
+    case HackNote:
+        return QStringLiteral(":/messages/syntax/msgs/resources/img_assets/messages/syntax/msgs/orange.png");
+    case XxxNote:
+        return QStringLiteral(":/messages/syntax/msgs/resources/img_assets/messages/syntax/msgs/red.png");
+    case FixmeNote:
+        return QStringLiteral(":/messages/syntax/msgs/resources/img_assets/messages/syntax/msgs/yellow.png");
+    }
+    return QString();
+}
+
+// The dock's face of a report kind: one icon per kind, shared by all rows;
+// a value that is no kind shows none.
+QIcon kindIcon(int kind)
+{
+    static QHash<int, QIcon> cache;
+    auto it = cache.find(kind);
+    if (it == cache.end()) {
+        const QString path = kindIconPath(kind);
+        it = cache.insert(kind, path.isEmpty() ? QIcon() : QIcon(path));
+    }
+    return it.value();
 }
 
 } // namespace
@@ -73,6 +114,7 @@ void MainWindow::buildReportDock()
     addDockWidget(Qt::BottomDockWidgetArea, reportContainer);
 
     reportStore = new ReportStore(layout, msgsLayout, this);
+    reportStore->setKindIcon(&kindIcon);
 }
 
 void MainWindow::updateError(int lineNum, int linePos, QString fname, QString block, QString id,

@@ -1,6 +1,6 @@
 #include "msltexteditor.h"
 
-#include "mslinfo.h"
+#include "mslcompleters.h"
 
 #include <QCompleter>
 #include <QFont>
@@ -52,13 +52,13 @@ void MslTextEditor::buildGutter()
 // model is replaced by an identifier's properties each time it is used.
 void MslTextEditor::buildCompleters()
 {
-    comCompleter = MslInfo::getComCompleter(this);
+    comCompleter = MslCompleters::getComCompleter(this);
     comCompleter->setCaseSensitivity(Qt::CaseInsensitive);
-    propCompleter = MslInfo::getComCompleter(this);
+    propCompleter = MslCompleters::getComCompleter(this);
     propCompleter->setCaseSensitivity(Qt::CaseInsensitive);
-    identCompleter = MslInfo::getIdentCompleter(this);
+    identCompleter = MslCompleters::getIdentCompleter(this);
     identCompleter->setCaseSensitivity(Qt::CaseInsensitive);
-    colorCompleter = MslInfo::getColorCompleter(this);
+    colorCompleter = MslCompleters::getColorCompleter(this);
 
     const struct {
         QCompleter *completer;

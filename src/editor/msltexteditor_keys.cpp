@@ -252,7 +252,7 @@ void MslTextEditor::handleCallTip(QKeyEvent *event, bool &bracket)
 
     QString name = id->name;
     const QString tip = MslInfo::getIdentSyntaxAt(name, args);
-    if (MslInfo::isProperIdentArgs(name, args, QString()) != 0)
+    if (MslInfo::isProperIdentArgs(name, args, QString()) != MslInfo::UnknownIdent)
         QToolTip::showText(viewport()->mapToGlobal(cursorRect().topLeft()), tip);
 
     if (key == Qt::Key_ParenLeft) {

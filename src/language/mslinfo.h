@@ -6,7 +6,6 @@
 #include <QTextBlock>
 
 class QAbstractItemModel;
-class QCompleter;
 class QObject;
 
 // One row of the built-in identifier table: how many arguments an
@@ -21,7 +20,7 @@ struct identifier
     const char *props[35];   // packed from the front, null-terminated
 };
 
-// The static vocabulary of mSL and the completion models made from it.
+// The static vocabulary of mSL and the completion lists made from it.
 // All operations are class-level; an MslInfo value carries no state.
 class MslInfo
 {
@@ -32,17 +31,22 @@ public:
     static QStringList getAllMslCtrlStrucWithExp();
 
     // Identifier table and argument checking.
+    enum IdentCheck {
+        UnknownIdent = 0,   // not in the table: nothing to check
+        IdentFits = 1,
+        TooFewArgs = 2,
+        TooManyArgs = 3,
+        WrongArgParity = 4, // an odd count where an even one is needed, or the reverse
+        NoSuchProperty = 5,
+    };
     static const identifier *getIdentsList();
-    static int isProperIdentArgs(QString &ident, unsigned int args, QString prop);
+    static IdentCheck isProperIdentArgs(QString &ident, unsigned int args, QString prop);
 
     // Syntax tips.
     static QString getIdentSyntaxAt(QString name, int arg);
 
-    // Completers and their models.
-    static QCompleter *getComCompleter(QObject *parent);
-    static QCompleter *getIdentPropCompleter(QObject *parent);
-    static QCompleter *getIdentCompleter(QObject *parent);
-    static QCompleter *getColorCompleter(QObject *parent);
+    // The completion lists, as models owned by `parent`; the editor's
+    // popups over them are in MslCompleters.
     static QAbstractItemModel *getComProIds(QObject *parent);
     static QAbstractItemModel *getColorCodes(QObject *parent);
     static QAbstractItemModel *getIdentIds(QObject *parent, QTextBlock block);

@@ -4,7 +4,6 @@
 
 #include <QBrush>
 #include <QColor>
-#include <QCompleter>
 #include <QFont>
 #include <QHash>
 #include <QIcon>
@@ -20,16 +19,6 @@ const char customIconPath[] = ":/completer/resources/img_assets/completer/custom
 const char customLocalIconPath[] =
     ":/completer/resources/img_assets/completer/customlocalident.png";
 const char comIconDir[] = ":/completer/com/resources/img_assets/com/";
-
-// The completers never sort: every list keeps the order in which its
-// model was filled.
-QCompleter *buildCompleter(QObject *parent)
-{
-    QCompleter *completer = new QCompleter(parent);
-    completer->setModelSorting(QCompleter::UnsortedModel);
-    completer->setWrapAround(false);
-    return completer;
-}
 
 // The sixteen mIRC colours, by colour number.
 const QBrush *colorBrushes()
@@ -67,37 +56,6 @@ void appendColorCode(QStandardItemModel *model, const QString &number, int fg, i
 
 } // namespace
 
-QCompleter *MslInfo::getComCompleter(QObject *parent)
-{
-    QCompleter *completer = buildCompleter(parent);
-    completer->setModel(getComProIds(completer));
-    completer->setCaseSensitivity(Qt::CaseInsensitive);
-    return completer;
-}
-
-QCompleter *MslInfo::getIdentPropCompleter(QObject *parent)
-{
-    QCompleter *completer = buildCompleter(parent);
-    completer->setCaseSensitivity(Qt::CaseInsensitive);
-    return completer;
-}
-
-QCompleter *MslInfo::getIdentCompleter(QObject *parent)
-{
-    QCompleter *completer = buildCompleter(parent);
-    completer->setCaseSensitivity(Qt::CaseInsensitive);
-    return completer;
-}
-
-// Case-sensitive, the default: every code starts with the control
-// character, so a bare one lists them all.
-QCompleter *MslInfo::getColorCompleter(QObject *parent)
-{
-    QCompleter *completer = buildCompleter(parent);
-    completer->setModel(getColorCodes(completer));
-    return completer;
-}
-
 QAbstractItemModel *MslInfo::getComProIds(QObject *parent)
 {
     struct progId
@@ -106,100 +64,9 @@ QAbstractItemModel *MslInfo::getComProIds(QObject *parent)
         const char *icon;
     };
 
-    // Spellings stand as the objects register themselves, uneven case and
-    // the blank in the Skype entry included.
+    // The COM objects a script is likely to open (progids.inc).
     static const progId progIds[] = {
-        { "WScript.Shell", "com.shell.png" },
-        { "WScript.Network", "com.png" },
-        { "Shell.UIHelper", "com.shell.png" },
-        { "Shell.Explorer.1", "com.explorer.png" },
-        { "Shell.Explorer.2", "com.explorer.png" },
-        { "VBScript.Regexp", "com.png" },
-        { "Scripting.Dictionary", "com.explorer.png" },
-        { "Scripting.FileSystemObject", "com.explorer.png" },
-        { "MSScriptControl.ScriptControl", "com.win.png" },
-        { "WbemScripting.SwbemDateTime", "com.win.png" },
-        { "WbemScripting.SWbemLocator", "com.win.png" },
-        { "WbemScripting.SWbem.LastError", "com.win.png" },
-        { "WbemScripting.SWbemObjectPath", "com.win.png" },
-        { "WbemScripting.SWbemNamedValueSet", "com.win.png" },
-        { "WbemScripting.SWbemRefresher", "com.win.png" },
-        { "MSXML.DOMDocument", "com.xml.png" },
-        { "Msxml2.DOMDocument", "com.xml.png" },
-        { "Msxml2.DOMDocument.3.0", "com.xml.png" },
-        { "Msxml2.DOMDocument.4.0", "com.xml.png" },
-        { "Msxml2.DOMDocument.6.0", "com.xml.png" },
-        { "Microsoft.XMLDOM", "com.xml.png" },
-        { "MSXML2.XMLHTTP", "com.xml.png" },
-        { "MSXML2.XMLHTTP.3.0", "com.xml.png" },
-        { "Microsoft.XMLHTTP", "com.xml.png" },
-        { "MSXML2.DSOControl", "com.xml.png" },
-        { "MSXML2.DSOControl.3.0", "com.xml.png" },
-        { "Skype Skype4COM.Skype", "com.skype.png" },
-        { "iTunes.Application", "com.itunes.png" },
-        { "TW4Win.Application", "com.app.png" },
-        { "SnagIt.ImageCapture", "com.snagit.png" },
-        { "Vim.Application", "com.app.png" },
-        { "Mapviewer.Application", "com.app.png" },
-        { "Word.Application", "com.word.png" },
-        { "Excel.Application", "com.excel.png" },
-        { "PowerPoint.Application", "com.pp.png" },
-        { "Access.Application", "com.access.png" },
-        { "InternetExplorer.Application", "com.ie.png" },
-        { "FrontPage.Application", "com.frontpage.png" },
-        { "Outlook.Application", "com.outlook.png" },
-        { "Shell.Application", "com.shell.png" },
-        { "Photoshop.Application", "com.photoshop.png" },
-        { "Photoshop.Application.7", "com.photoshop.png" },
-        { "AcroExch.App", "com.adobe.png" },
-        { "AcroExch.PDDoc", "com.adobe.png" },
-        { "AcroExch.AVDoc", "com.adobe.png" },
-        { "SAPI.spVoice", "com.png" },
-        { "CDO.Configuration", "com.email.png" },
-        { "CDO.Message", "com.email.png" },
-        { "CDO.DropDirectory", "com.email.png" },
-        { "ADODB.Connection", "com.database.png" },
-        { "ADODB.Stream", "com.database.png" },
-        { "ADODB.Command", "com.database.png" },
-        { "ADODB.Recordset", "com.database.png" },
-        { "ADOX.Catalog", "com.database.png" },
-        { "ADOX.Column", "com.database.png" },
-        { "ADOX.Group", "com.database.png" },
-        { "ADOX.Index", "com.database.png" },
-        { "ADOX.Key", "com.database.png" },
-        { "ADOX.Table", "com.database.png" },
-        { "ADOX.User", "com.database.png" },
-        { "RDS.DataControl", "com.database.png" },
-        { "RDS.DataSpace", "com.database.png" },
-        { "RDSServer.DataFactory", "com.database.png" },
-        { "ADOMD.Catalog", "com.database.png" },
-        { "ADOMD.CellSet", "com.database.png" },
-        { "Notes.NotesSession", "com.lotus.png" },
-        { "Notes.NotesUIWorkspace", "com.lotus.png" },
-        { "JavaWebStart.isInstalled", "com.java.png" },
-        { "JavaWebStart.isInstalled.1.5.0.0", "com.java.png" },
-        { "JavaWebStart.isInstalled.1.6.0.0", "com.java.png" },
-        { "PocketSOAP.Envelope", "com.globe.png" },
-        { "PocketSOAP.Envelope.1", "com.globe.png" },
-        { "PocketSOAP.Envelope.2", "com.globe.png" },
-        { "PocketSOAP.HTTPTransport", "com.globe.png" },
-        { "PocketSOAP.Node", "com.globe.png" },
-        { "ASPMAIL.ASPMailCtrl.1", "com.email.png" },
-        { "SScripting.IPNetwork", "com.dll.png" },
-        { "SScripting.LMNetwork", "com.dll.png" },
-        { "SScripting.NBTNetwork", "com.dll.png" },
-        { "SScripting.SNMPManager", "com.dll.png" },
-        { "SScripting.SSHSupport", "com.dll.png" },
-        { "SScripting.System", "com.dll.png" },
-        { "ImageMagickObject.MagickImage.1", "com.imagemagick.png" },
-        { "OracleInProcServer.XOraSession", "com.oracle.png" },
-        { "Litex.LiteConnection", "com.sql.png" },
-        { "LiteX.LiteStatement", "com.sql.png" },
-        { "VirtualBox.VirtualBox", "com.virtualbox.png" },
-        { "VirtualBox.VirtualBox.1", "com.virtualbox.png" },
-        { "VirtualBox.Session", "com.virtualbox.png" },
-        { "VirtualBox.Session.1", "com.virtualbox.png" },
-        { "UnityWebPlayer.UnityWebPlayer.1", "com.unity.png" },
+#include "progids.inc"
     };
 
     // Ninety-one names share twenty-eight pictures, and reading a picture

@@ -8,6 +8,7 @@
 // file that cannot be read.
 
 #include "devsettings.h"
+#include "reportkind.h"
 #include "scriptlinter.h"
 
 #include <QCommandLineParser>
@@ -37,13 +38,13 @@ struct Counts
 
     void add(const LintReport &r)
     {
-        if (r.type == 3)
+        if (r.type == ErrorReport)
             ++errors;
-        else if (r.type == 2)
+        else if (r.type == WarningReport)
             ++warnings;
-        else if (r.type == 1)
+        else if (r.type == InformationReport)
             ++infos;
-        else if (r.type > 9)
+        else if (isNote(r.type))
             ++notes;
     }
 };

@@ -1,6 +1,8 @@
 #include "scriptlinter.h"
 
 #include "devsettings.h"
+#include "headlesslayout.h"
+#include "reportkind.h"
 #include "msltextedit.h"
 #include "reportstore.h"
 #include "scriptfile.h"
@@ -9,7 +11,6 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QJsonObject>
-#include <QPlainTextDocumentLayout>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextLayout>
@@ -105,10 +106,10 @@ LintedFile ScriptLinter::lint(const QString &fileName, bool *alreadyChecked)
     }
     checked.append(info);
 
-    // As a tab: the document has the plain-text layout (without one it
-    // reports no edits), and the highlighter is attached while it is empty.
+    // As a tab: the document has its layout before the highlighter is
+    // attached, and the highlighter is attached while it is empty.
     auto doc = std::make_unique<QTextDocument>();
-    doc->setDocumentLayout(new QPlainTextDocumentLayout(doc.get()));
+    HeadlessLayout::install(doc.get());
     auto *hl = new MslSyntaxHighlighter(doc.get());
     connect(hl, &MslSyntaxHighlighter::updateError, this, &ScriptLinter::onUpdateError,
             Qt::DirectConnection);
@@ -149,38 +150,13 @@ LintedFile ScriptLinter::lint(const QString &fileName, bool *alreadyChecked)
     return result;
 }
 
-QString ScriptLinter::kindName(int type)
-{
-    switch (type) {
-    case 1:
-        return QStringLiteral("info");
-    case 2:
-        return QStringLiteral("warning");
-    case 3:
-        return QStringLiteral("error");
-    case 10:
-    case 12:
-        return QStringLiteral("note");
-    case 11:
-        return QStringLiteral("todo");
-    case 13:
-        return QStringLiteral("hack");
-    case 14:
-        return QStringLiteral("xxx");
-    case 15:
-        return QStringLiteral("fixme");
-    default:
-        return QStringLiteral("type") + QString::number(type);
-    }
-}
-
 QString ScriptLinter::textLine(const LintReport &r)
 {
     QString line = QStringLiteral("%1:%2:%3: %4: %5")
                        .arg(r.file)
                        .arg(r.line)
                        .arg(r.col)
-                       .arg(kindName(r.type), r.message);
+                       .arg(reportKindName(r.type), r.message);
     if (!r.block.isEmpty())
         line += QStringLiteral(" [") + r.block + QLatin1Char(']');
     return line;

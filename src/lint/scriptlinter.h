@@ -61,8 +61,6 @@ public:
 
     // Plain-text form of one report: PATH:LINE:COL: KIND: MESSAGE [BLOCK].
     static QString textLine(const LintReport &report);
-    // "error", "warning", "info", "todo", ... for a report type.
-    static QString kindName(int type);
     static QJsonObject reportJson(const LintReport &report);
     static QJsonObject fileJson(const LintedFile &file);
     // One object per text block, for the dump.

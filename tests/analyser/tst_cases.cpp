@@ -4,7 +4,7 @@
 // the analyser does now, for authoring: read the difference before keeping it.
 
 #include "analyserharness.h"
-#include "scriptlinter.h"
+#include "reportkind.h"
 #include "testsuite.h"
 
 #include <QDir>
@@ -152,7 +152,7 @@ QString actual(AnalyserHarness &h, const Check &k, int emitted, int withdrawn)
             out << QStringLiteral("%1:%2 %3 [%4]")
                         .arg(r.line)
                         .arg(r.col)
-                        .arg(ScriptLinter::kindName(r.type), r.block)
+                        .arg(reportKindName(r.type), r.block)
                     + (r.message.isEmpty() ? QString() : QLatin1Char(' ') + r.message);
         }
         return out.join(QLatin1Char('\n'));

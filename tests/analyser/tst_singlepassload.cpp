@@ -4,12 +4,12 @@
 // lists already hold.
 
 #include "devsettings.h"
+#include "headlesslayout.h"
 #include "msltextedit.h"
 #include "reportstore.h"
 #include "singlepassload.h"
 #include "testsuite.h"
 
-#include <QPlainTextDocumentLayout>
 #include <QStandardItemModel>
 #include <QTextBlock>
 #include <QTextDocument>
@@ -23,7 +23,7 @@ class Loader
 public:
     explicit Loader(int sortColumn, int others = 0) : sortColumn(sortColumn)
     {
-        doc.setDocumentLayout(new QPlainTextDocumentLayout(&doc));
+        HeadlessLayout::install(&doc);
         hl = new MslSyntaxHighlighter(&doc);
         QObject::connect(
             hl, &MslSyntaxHighlighter::updateError, &store,

@@ -1,8 +1,8 @@
 #include "analyserharness.h"
 
 #include "devsettings.h"
+#include "headlesslayout.h"
 
-#include <QPlainTextDocumentLayout>
 #include <QSet>
 #include <QTextBlock>
 #include <algorithm>
@@ -17,7 +17,7 @@ AnalyserHarness::AnalyserHarness(QObject *parent) : QObject(parent)
     ensureSettings();
     // A document reports its edits only once it has a layout; give it the
     // one the script editor uses, so that edits re-run the analysis.
-    doc.setDocumentLayout(new QPlainTextDocumentLayout(&doc));
+    HeadlessLayout::install(&doc);
     hl = new MslSyntaxHighlighter(&doc);
     connect(hl, &MslSyntaxHighlighter::updateError, this, &AnalyserHarness::onUpdateError,
             Qt::DirectConnection);

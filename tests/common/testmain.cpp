@@ -1,6 +1,10 @@
 #include "testsuite.h"
 
+#ifdef QT_WIDGETS_LIB
 #include <QApplication>
+#else
+#include <QGuiApplication>
+#endif
 #include <QByteArray>
 #include <QTest>
 #include <QVector>
@@ -31,7 +35,13 @@ bool TestSuite::add(const char *name, Factory make)
 
 int main(int argc, char **argv)
 {
+    // A suite that links no widgets runs on the bare GUI application, as
+    // the lint and the language server do.
+#ifdef QT_WIDGETS_LIB
     QApplication app(argc, argv);
+#else
+    QGuiApplication app(argc, argv);
+#endif
     app.setAttribute(Qt::AA_Use96Dpi, true);
 
     // With a class name first, run that class alone and hand the rest of the

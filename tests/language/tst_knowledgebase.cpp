@@ -1,12 +1,11 @@
 // The knowledge base the analyser and the editor look things up in:
 // commands, argument checks and call tips (the last two from case files in
-// data/), and the completion lists with their order, colours and icons.
+// data/), and the completion lists with their order and icons.
 
 #include "analyserharness.h"
 #include "mslinfo.h"
 #include "testsuite.h"
 
-#include <QCompleter>
 #include <QFile>
 #include <QSet>
 #include <QStandardItemModel>
@@ -32,20 +31,12 @@ void addCaseRows(const char *file, int fields)
     }
 }
 
-const QChar ctrlK(0x03);
-
 QStringList texts(const QAbstractItemModel *model)
 {
     QStringList list;
     for (int r = 0; model && r < model->rowCount(); ++r)
         list << model->index(r, 0).data().toString();
     return list;
-}
-
-QStringList completions(QCompleter *completer, const QString &prefix)
-{
-    completer->setCompletionPrefix(prefix);
-    return texts(completer->completionModel());
 }
 
 // What a popup shows of an icon, to tell one picture from another.
@@ -102,11 +93,12 @@ private slots:
                      row->name);
             QVERIFY2(row->min >= 1 && row->max >= row->min && !(row->needsEven && row->needsOdd),
                      row->name);
-            QVERIFY2(MslInfo::isProperIdentArgs(name, row->min, QString()) == 1, row->name);
+            QVERIFY2(MslInfo::isProperIdentArgs(name, row->min, QString()) == MslInfo::IdentFits,
+                     row->name);
             for (int p = 0; p < 35 && row->props[p]; ++p)
                 QVERIFY2(MslInfo::isProperIdentArgs(name, row->min,
                                                     QString::fromLatin1(row->props[p]).toUpper())
-                             == 1,
+                             == MslInfo::IdentFits,
                          row->props[p]);
         }
         QCOMPARE(rows, 207);
@@ -122,7 +114,7 @@ private slots:
     {
         QFETCH(QStringList, row);
         QString name = row.at(0);
-        QCOMPARE(MslInfo::isProperIdentArgs(name, row.at(1).toUInt(), row.at(2)),
+        QCOMPARE(int(MslInfo::isProperIdentArgs(name, row.at(1).toUInt(), row.at(2))),
                  row.at(3).toInt());
         QCOMPARE(name, row.at(0)); // the caller's text is left as it was
     }
@@ -137,57 +129,6 @@ private slots:
     {
         QFETCH(QStringList, row);
         QCOMPARE(MslInfo::getIdentSyntaxAt(row.at(0), row.at(1).toInt()), row.at(2));
-    }
-
-    void progIds()
-    {
-        QObject owner;
-        QCompleter *completer = MslInfo::getComCompleter(&owner);
-        QAbstractItemModel *model = completer->model();
-        const QStringList all = texts(model);
-        QCOMPARE(all.size(), 91);
-        // The popup keeps table order, uneven capitals and all.
-        QCOMPARE(completions(completer, QString()), all);
-        QCOMPARE(completions(completer, QStringLiteral("LITEX.")),
-                 QStringList({"Litex.LiteConnection", "LiteX.LiteStatement"}));
-        // Every row has its picture; WScript.Shell and Shell.Application share one.
-        for (int r = 0; r < 91; ++r)
-            QVERIFY2(!iconAt(model, r).isNull(), qPrintable(all.at(r)));
-        QCOMPARE(all.first(), QStringLiteral("WScript.Shell"));
-        QVERIFY(iconAt(model, 0)
-                == iconAt(model, all.indexOf(QStringLiteral("Shell.Application"))));
-        QVERIFY(iconAt(model, 0) != iconAt(model, 1));
-    }
-
-    void colourCodes()
-    {
-        QObject owner;
-        QCompleter *completer = MslInfo::getColorCompleter(&owner);
-        const QStringList all = texts(completer->model());
-        QCOMPARE(QSet<QString>(all.cbegin(), all.cend()).size(), 702);
-        // Joined and cut at the control character again: each row starts with it.
-        QCOMPARE(QStringList(all.mid(0, 10) << all.last())
-                     .join(QString())
-                     .split(ctrlK, Qt::SkipEmptyParts),
-                 QStringLiteral("00 0 00,00 0,00 0,0 00,0 00,01 0,01 0,1 00,1 15,15")
-                     .split(QLatin1Char(' ')));
-        auto data = [&](const char *code, int role) {
-            return completer->model()
-                ->index(all.indexOf(ctrlK + QLatin1String(code)), 0)
-                .data(role);
-        };
-        QCOMPARE(data("4,12", Qt::ForegroundRole).value<QBrush>().color(), QColor(255, 0, 0));
-        QCOMPARE(data("4,12", Qt::BackgroundRole).value<QBrush>().color(), QColor(0, 0, 252));
-        QCOMPARE(data("15", Qt::ForegroundRole).value<QBrush>().color(), QColor(210, 210, 210));
-        QVERIFY(!data("15", Qt::BackgroundRole).isValid());
-        QVERIFY(data("07,3", Qt::FontRole).value<QFont>().bold());
-        // Case-sensitive, and only behind the control character.
-        QCOMPARE(completions(completer, QString(ctrlK)).size(), 702);
-        const QStringList four = completions(completer, ctrlK + QStringLiteral("4,"));
-        QCOMPARE(four.size(), 26);
-        QCOMPARE(four.mid(0, 3).join(QString()),
-                 QString(ctrlK + QStringLiteral("4,00") + ctrlK + "4,0" + ctrlK + "4,01"));
-        QVERIFY(completions(completer, QStringLiteral("4,")).isEmpty());
     }
 
     void properties()
