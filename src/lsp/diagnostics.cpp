@@ -2,6 +2,7 @@
 
 #include "lspdocument.h"
 #include "lspjson.h"
+#include "reportkind.h"
 
 #include <QJsonObject>
 #include <QTextBlock>
@@ -11,32 +12,17 @@ namespace {
 // DiagnosticSeverity values.
 enum Severity { Error = 1, Warning = 2, Information = 3, Hint = 4 };
 
-Severity severityOf(int type)
+Severity severityOf(int kind)
 {
-    switch (type) {
-    case 3:
+    if (isNote(kind))
+        return Hint;
+    switch (kind) {
+    case ErrorReport:
         return Error;
-    case 2:
+    case WarningReport:
         return Warning;
     default:
-        return type >= 10 ? Hint : Information;
-    }
-}
-
-// The name a developer note goes by.
-QString noteName(int type)
-{
-    switch (type) {
-    case 11:
-        return QStringLiteral("todo");
-    case 13:
-        return QStringLiteral("hack");
-    case 14:
-        return QStringLiteral("xxx");
-    case 15:
-        return QStringLiteral("fixme");
-    default:
-        return QStringLiteral("note");
+        return Information;
     }
 }
 
@@ -62,8 +48,8 @@ QJsonArray Diagnostics::of(const LspDocument &document)
         d.insert(QStringLiteral("range"), LspJson::range(r.line, start, end));
         d.insert(QStringLiteral("severity"), severity);
         d.insert(QStringLiteral("source"), QStringLiteral("tarnwick"));
-        d.insert(QStringLiteral("message"), severity == Hint && r.type >= 10
-                     ? noteName(r.type) + QStringLiteral(": ") + r.message
+        d.insert(QStringLiteral("message"), severity == Hint
+                     ? reportKindName(r.type) + QStringLiteral(": ") + r.message
                      : r.message);
         if (!r.block.isEmpty())
             d.insert(QStringLiteral("data"), QJsonObject{{QStringLiteral("block"), r.block}});

@@ -1,5 +1,6 @@
 #include "lspdocument.h"
 
+#include "headlesslayout.h"
 #include "msltextedit.h"
 #include "scriptfile.h"
 
@@ -16,8 +17,7 @@ QTextDocument *newDocument()
     auto *doc = new QTextDocument;
     // The client keeps the history; an undo stack here would only grow.
     doc->setUndoRedoEnabled(false);
-    // Without a layout the document reports no edits to the highlighter.
-    doc->documentLayout();
+    HeadlessLayout::install(doc);
     return doc;
 }
 
