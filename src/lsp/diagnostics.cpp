@@ -4,8 +4,10 @@
 #include "lspjson.h"
 #include "reportkind.h"
 
+#include <QJsonDocument>
 #include <QJsonObject>
 #include <QTextBlock>
+#include <QTextDocument>
 
 namespace {
 
@@ -26,34 +28,49 @@ Severity severityOf(int kind)
     }
 }
 
+QByteArray diagnostic(const DocumentReport &r, const QString &text)
+{
+    const int start = qBound(0, r.column, int(text.size()));
+    int end = start;
+    while (end < text.size() && !text.at(end).isSpace())
+        ++end;
+
+    const Severity severity = severityOf(r.type);
+    QJsonObject d;
+    d.insert(QStringLiteral("range"), LspJson::range(r.line, start, end));
+    d.insert(QStringLiteral("severity"), severity);
+    d.insert(QStringLiteral("source"), QStringLiteral("tarnwick"));
+    d.insert(QStringLiteral("message"), severity == Hint
+                 ? reportKindName(r.type) + QStringLiteral(": ") + r.message
+                 : r.message);
+    if (!r.block.isEmpty())
+        d.insert(QStringLiteral("data"), QJsonObject{{QStringLiteral("block"), r.block}});
+    return QJsonDocument(d).toJson(QJsonDocument::Compact);
+}
+
 } // namespace
 
-QJsonArray Diagnostics::of(const LspDocument &document)
+QByteArray DiagnosticList::json(const LspDocument &document)
 {
-    QJsonArray list;
+    QHash<int, Entry> kept;
+    QByteArray out("[");
     // The reports come by line: one walk down the document finds them all.
     QTextBlock block = document.textDocument()->firstBlock();
     int line = 0;
     for (const DocumentReport &r : document.reports()) {
         for (; line < r.line && block.next().isValid(); ++line)
             block = block.next();
-        const QString text = block.text();
-        const int start = qBound(0, r.column, int(text.size()));
-        int end = start;
-        while (end < text.size() && !text.at(end).isSpace())
-            ++end;
-
-        const Severity severity = severityOf(r.type);
-        QJsonObject d;
-        d.insert(QStringLiteral("range"), LspJson::range(r.line, start, end));
-        d.insert(QStringLiteral("severity"), severity);
-        d.insert(QStringLiteral("source"), QStringLiteral("tarnwick"));
-        d.insert(QStringLiteral("message"), severity == Hint
-                     ? reportKindName(r.type) + QStringLiteral(": ") + r.message
-                     : r.message);
-        if (!r.block.isEmpty())
-            d.insert(QStringLiteral("data"), QJsonObject{{QStringLiteral("block"), r.block}});
-        list.append(d);
+        Entry entry = entries.take(r.id);
+        if (entry.line != r.line) {
+            entry.line = r.line;
+            entry.json = diagnostic(r, block.text());
+        }
+        if (out.size() > 1)
+            out += ',';
+        out += entry.json;
+        kept.insert(r.id, std::move(entry));
     }
-    return list;
+    out += ']';
+    entries.swap(kept);
+    return out;
 }

@@ -10,6 +10,7 @@
 
 #include <QCoreApplication>
 #include <QJsonArray>
+#include <QJsonDocument>
 #include <QUrl>
 
 #include <cstdio>
@@ -96,7 +97,7 @@ LspServer::~LspServer() = default;
 LspDocument *LspServer::document(const QString &uri) const
 {
     const auto it = documents.find(uri);
-    return it == documents.end() ? nullptr : it->second.get();
+    return it == documents.end() ? nullptr : it->second.text.get();
 }
 
 void LspServer::handleMessage(const QJsonValue &message)
@@ -181,7 +182,7 @@ void LspServer::sendResult(const QJsonValue &id, const QJsonValue &result)
     o.insert(QStringLiteral("jsonrpc"), QStringLiteral("2.0"));
     o.insert(QStringLiteral("id"), id);
     o.insert(QStringLiteral("result"), result);
-    emit send(o);
+    emit send(QJsonDocument(o).toJson(QJsonDocument::Compact));
 }
 
 void LspServer::sendError(const QJsonValue &id, int code, const QString &message)
@@ -193,7 +194,7 @@ void LspServer::sendError(const QJsonValue &id, int code, const QString &message
     o.insert(QStringLiteral("jsonrpc"), QStringLiteral("2.0"));
     o.insert(QStringLiteral("id"), id);
     o.insert(QStringLiteral("error"), error);
-    emit send(o);
+    emit send(QJsonDocument(o).toJson(QJsonDocument::Compact));
 }
 
 LspServer::Reply LspServer::initialize(const QJsonObject &)
@@ -265,11 +266,11 @@ void LspServer::didOpen(const QJsonObject &params)
     }
     // Opened again: the old one goes first, and its reports with it.
     documents.erase(uri);
-    auto doc = std::make_unique<LspDocument>(uri, pathOf(uri),
+    OpenDocument &doc = documents[uri];
+    doc.text = std::make_unique<LspDocument>(uri, pathOf(uri),
                                              item.value(QStringLiteral("text")).toString(),
                                              item.value(QStringLiteral("version")).toInt());
-    publishDiagnostics(*doc);
-    documents[uri] = std::move(doc);
+    publishDiagnostics(uri);
 }
 
 void LspServer::didChange(const QJsonObject &params)
@@ -293,7 +294,7 @@ void LspServer::didChange(const QJsonObject &params)
                         .toObject()
                         .value(QStringLiteral("version"))
                         .toInt(doc->version()));
-    publishDiagnostics(*doc);
+    publishDiagnostics(uri);
 }
 
 void LspServer::didClose(const QJsonObject &params)
@@ -301,21 +302,26 @@ void LspServer::didClose(const QJsonObject &params)
     const QString uri = uriOf(params);
     if (documents.erase(uri) == 0)
         return;
-    QJsonObject p;
-    p.insert(QStringLiteral("uri"), uri);
-    p.insert(QStringLiteral("diagnostics"), QJsonArray());
-    emit send(QJsonObject{{QStringLiteral("jsonrpc"), QStringLiteral("2.0")},
-                          {QStringLiteral("method"), QStringLiteral("textDocument/publishDiagnostics")},
-                          {QStringLiteral("params"), p}});
+    sendDiagnostics(uri, QByteArray(), "[]");
 }
 
-void LspServer::publishDiagnostics(const LspDocument &doc)
+void LspServer::publishDiagnostics(const QString &uri)
 {
-    QJsonObject p;
-    p.insert(QStringLiteral("uri"), doc.uri());
-    p.insert(QStringLiteral("version"), doc.version());
-    p.insert(QStringLiteral("diagnostics"), Diagnostics::of(doc));
-    emit send(QJsonObject{{QStringLiteral("jsonrpc"), QStringLiteral("2.0")},
-                          {QStringLiteral("method"), QStringLiteral("textDocument/publishDiagnostics")},
-                          {QStringLiteral("params"), p}});
+    OpenDocument &doc = documents[uri];
+    sendDiagnostics(uri, QByteArray::number(doc.text->version()),
+                    doc.diagnostics.json(*doc.text));
+}
+
+// Written out by hand: the list is already JSON text, and a large one
+// would cost more to take apart and put together again than to make.
+void LspServer::sendDiagnostics(const QString &uri, const QByteArray &version,
+                                const QByteArray &list)
+{
+    QByteArray message = R"({"jsonrpc":"2.0","method":"textDocument/publishDiagnostics",)"
+                         R"("params":{"uri":)";
+    message += QJsonDocument(QJsonArray{uri}).toJson(QJsonDocument::Compact).mid(1).chopped(1);
+    if (!version.isEmpty())
+        message += R"(,"version":)" + version;
+    message += R"(,"diagnostics":)" + list + "}}";
+    emit send(message);
 }

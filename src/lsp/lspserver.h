@@ -1,6 +1,9 @@
 #ifndef LSPSERVER_H
 #define LSPSERVER_H
 
+#include "diagnostics.h"
+
+#include <QByteArray>
 #include <QHash>
 #include <QJsonObject>
 #include <QJsonValue>
@@ -14,7 +17,7 @@
 class LspDocument;
 
 // The language server's side of the conversation: JSON-RPC messages in,
-// answers and diagnostics out through send(). Requests are answered at
+// answers and diagnostics out through send(), as JSON text. Requests are answered at
 // once, in the order they come, so a cancellation always comes too late
 // and is let go.
 class LspServer : public QObject
@@ -45,7 +48,7 @@ public:
     LspDocument *document(const QString &uri) const;
 
 signals:
-    void send(const QJsonObject &message);
+    void send(const QByteArray &message);
     // The exit status: 0 after a shutdown request, else 1.
     void exitRequested(int status);
 
@@ -67,6 +70,7 @@ private:
     void handleNotification(const QString &method, const QJsonObject &params);
     void sendResult(const QJsonValue &id, const QJsonValue &result);
     void sendError(const QJsonValue &id, int code, const QString &message);
+    void sendDiagnostics(const QString &uri, const QByteArray &version, const QByteArray &list);
 
     Reply initialize(const QJsonObject &params);
     Reply shutdown(const QJsonObject &params);
@@ -77,11 +81,16 @@ private:
     void didOpen(const QJsonObject &params);
     void didChange(const QJsonObject &params);
     void didClose(const QJsonObject &params);
-    void publishDiagnostics(const LspDocument &document);
+    void publishDiagnostics(const QString &uri);
 
     QHash<QString, Handler> requests;
     QHash<QString, std::function<void(const QJsonObject &)>> notifications;
-    std::map<QString, std::unique_ptr<LspDocument>> documents;
+    struct OpenDocument
+    {
+        std::unique_ptr<LspDocument> text;
+        DiagnosticList diagnostics;
+    };
+    std::map<QString, OpenDocument> documents;
     bool initialized = false;
     bool shuttingDown = false;
     bool exited = false;

@@ -46,11 +46,10 @@ StdioChannel::StdioChannel(LspServer *server, QObject *parent)
 
 StdioChannel::~StdioChannel() = default;
 
-void StdioChannel::write(const QJsonObject &message)
+void StdioChannel::write(const QByteArray &message)
 {
-    const QByteArray body = QJsonDocument(message).toJson(QJsonDocument::Compact);
-    const QByteArray header = "Content-Length: " + QByteArray::number(body.size()) + "\r\n\r\n";
-    writeAll(header + body);
+    writeAll("Content-Length: " + QByteArray::number(message.size()) + "\r\n\r\n");
+    writeAll(message);
 }
 
 // Called when input is waiting: one read cannot block then.

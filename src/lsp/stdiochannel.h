@@ -3,7 +3,7 @@
 
 #include "messagereader.h"
 
-#include <QJsonObject>
+#include <QByteArray>
 #include <QObject>
 
 class QSocketNotifier;
@@ -21,7 +21,7 @@ public:
     ~StdioChannel() override;
 
     // One message, framed, to standard output.
-    static void write(const QJsonObject &message);
+    static void write(const QByteArray &message);
 
 private:
     void readInput();
