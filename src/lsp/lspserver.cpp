@@ -11,6 +11,7 @@
 #include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QTextDocument>
 #include <QUrl>
 
 #include <cstdio>
@@ -72,9 +73,9 @@ LspServer::LspServer(QObject *parent)
                     }));
     requests.insert(QStringLiteral("textDocument/semanticTokens/full"),
                     onDocument([](LspDocument &d, const QJsonObject &) -> QJsonValue {
+                        const QTextDocument &text = *d.textDocument();
                         return QJsonObject{{QStringLiteral("data"),
-                                            SemanticTokens::encode(*d.textDocument(), 0,
-                                                                   d.textDocument()->blockCount())}};
+                                            SemanticTokens::encode(text, 0, text.blockCount())}};
                     }));
     requests.insert(QStringLiteral("textDocument/semanticTokens/range"),
                     onDocument([](LspDocument &d, const QJsonObject &p) -> QJsonValue {

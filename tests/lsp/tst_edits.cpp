@@ -142,7 +142,8 @@ private slots:
             "; a\n; b\n" + broken);
         row("line removed above", mrc, "; a\n; b\n" + broken, "[[0,0,1,0,\"\"]]",
             "; b\n" + broken);
-        row("multi-line replace", mrc, broken, "[[0,6,2,1,\"y {\\n  echo $left(a)\\n  }\\nrem old\"]]",
+        row("multi-line replace", mrc, broken,
+            "[[0,6,2,1,\"y {\\n  echo $left(a)\\n  }\\nrem old\"]]",
             QStringLiteral("alias y {\n  echo $left(a)\n  }\nrem old\n"));
         row("several edits", mrc, broken, "[[2,0,2,1,\"\"],[0,8,0,9,\"{ echo $calc(2) }\"]]",
             QStringLiteral("alias x { echo $calc(2) }\n  echo $calc(1 +\n\n"));
@@ -153,7 +154,8 @@ private slots:
             "[[3,0,3,0,\"alias z {\\r\\n  echo $calc(\\r\\n}\\r\\n\"]]",
             broken + QStringLiteral("alias z {\n  echo $calc(\n}\n"));
         const QString ini = QStringLiteral("[script]\nn0=alias x {\nn1=  echo $calc(1 +\nn2=}\n");
-        row("ini section added", QStringLiteral("s.ini"), ini, "[[0,0,0,0,\"[more]\\nn9=rem x\\n\"]]",
+        row("ini section added", QStringLiteral("s.ini"), ini,
+            "[[0,0,0,0,\"[more]\\nn9=rem x\\n\"]]",
             "[more]\nn9=rem x\n" + ini);
     }
 
