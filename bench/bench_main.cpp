@@ -1,6 +1,7 @@
 // Benchmarks of the analyser and the paths around it, on generated scripts
 // of 20,000 and 40,000 lines.
 
+#include "corpus.h"
 #include "devsettings.h"
 #include "mainwindow.h"
 #include "mdichild_editor.h"
@@ -38,6 +39,8 @@ QTemporaryDir &workDir()
     return dir;
 }
 
+} // namespace
+
 // The corpus file of `lines` lines, generated once per run.
 QString corpusFile(int lines)
 {
@@ -62,6 +65,8 @@ QString corpusText(int lines)
     f.open(QIODevice::ReadOnly);
     return QString::fromUtf8(f.readAll());
 }
+
+namespace {
 
 // The cost of Qt's highlighting machinery alone.
 class FloorHighlighter : public QSyntaxHighlighter
