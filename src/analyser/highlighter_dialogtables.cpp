@@ -9,6 +9,8 @@
 
 #include <QStringList>
 
+#include <functional>
+
 namespace {
 
 constexpr int TableGoesOn = 256;
@@ -185,25 +187,39 @@ MslSyntaxHighlighter::treatDialogToken(const QString &str, int &pos, const QStri
     return ExpressionDialogToken;
 }
 
+bool MslSyntaxHighlighter::walkDialogTokens(const QString &str, int &pos, DialogTokenWalk walk,
+                                            const std::function<void(const QString &, DialogToken)> &visit)
+{
+    const bool styles = walk == StyleTokens;
+    for (;;) {
+        QString token = getToken(str, pos, styles);
+        if (styles)
+            token = token.toLower();
+        if (token.isEmpty())
+            return true;
+        const DialogToken kind = treatDialogToken(str, pos, token, walk == TitleTokens);
+        if (kind == ClosingDialogToken)
+            return false;
+        visit(token, kind);
+    }
+}
+
 int MslSyntaxHighlighter::parseDialogOption(const QString &str, int &pos)
 {
     setFormat(pos - 6, 6, DevSettings::dialogCmdFmt);
     int arg = 0;
-    for (;;) {
-        const QString token = getToken(str, pos, false);
-        if (token.isEmpty())
-            break;
-        const DialogToken kind = treatDialogToken(str, pos, token, false);
-        if (kind == ClosingDialogToken)
-            return TableEnded;
+    const bool goesOn = walkDialogTokens(str, pos, PlainTokens, [&](const QString &token,
+                                                                    DialogToken kind) {
         ++arg;
         if (kind == ExpressionDialogToken)
-            continue;
+            return;
         if (!isOneOf(token.toLower(), {"dbu", "pixels", "notheme", "disable"})) {
             setFormat(pos - token.length(), token.length(), DevSettings::errFmt);
             throwError(ErrorReport, pos, dialogBlock(), QStringLiteral("Invalid option type"));
         }
-    }
+    });
+    if (!goesOn)
+        return TableEnded;
     if (arg == 0) {
         throwError(ErrorReport, pos, dialogBlock(),
                    QStringLiteral("Dialog option requires at least one type: dbu, pixels, "
@@ -218,27 +234,26 @@ int MslSyntaxHighlighter::parseDialogSize(const QString &str, int &pos)
     const int start = pos;
     int arg = 0;
     int literal = 0;
-    for (;;) {
-        const QString token = getToken(str, pos, false);
-        if (token.isEmpty())
-            break;
-        const DialogToken kind = treatDialogToken(str, pos, token, false);
-        if (kind == ClosingDialogToken)
-            return TableEnded;
+    const bool goesOn = walkDialogTokens(str, pos, PlainTokens, [&](const QString &,
+                                                                    DialogToken kind) {
         // Plain tokens are counted, not tested for being numbers.
         if (kind == PlainDialogToken)
             ++literal;
         ++arg;
-    }
+    });
+    if (!goesOn)
+        return TableEnded;
 
     // A variable or identifier may stand for several numbers, so then the
     // count is not judged at all.
     if (arg == 0 || (arg == literal && literal < 4)) {
         setFormat(start - 4, 4, DevSettings::errFmt);
-        throwError(ErrorReport, start - 4, dialogBlock(), QStringLiteral("Dialog size missing parameters"));
+        throwError(ErrorReport, start - 4, dialogBlock(),
+                   QStringLiteral("Dialog size missing parameters"));
     } else if (arg == literal && literal > 4) {
         setFormat(start - 4, 4, DevSettings::errFmt);
-        throwError(ErrorReport, start - 4, dialogBlock(), QStringLiteral("Dialog size too many parameters"));
+        throwError(ErrorReport, start - 4, dialogBlock(),
+                   QStringLiteral("Dialog size too many parameters"));
     }
     return TableGoesOn;
 }
@@ -276,14 +291,8 @@ int MslSyntaxHighlighter::parseDialogTitle(const QString &str, int &pos)
 
     // An unquoted title is allowed as long as there is one.
     int arg = 0;
-    for (;;) {
-        const QString token = getToken(str, pos, false);
-        if (token.isEmpty())
-            break;
-        if (treatDialogToken(str, pos, token, true) == ClosingDialogToken)
-            return TableEnded;
-        ++arg;
-    }
+    if (!walkDialogTokens(str, pos, TitleTokens, [&](const QString &, DialogToken) { ++arg; }))
+        return TableEnded;
     if (arg == 0) {
         setFormat(start - 5, 5, DevSettings::errFmt);
         throwError(ErrorReport, start - 5, dialogBlock(),
@@ -414,25 +423,17 @@ int MslSyntaxHighlighter::parseDialogStyles(const QString &str, int &pos, const 
 {
     const bool checked = hasStyleCheck(obj);
     const QStringList own = stylesOf(obj);
-    for (;;) {
-        // A comma ends the styles; whatever follows it is not read.
-        const QString token = getToken(str, pos, true).toLower();
-        if (token.isEmpty())
-            break;
-        const DialogToken kind = treatDialogToken(str, pos, token, false);
-        if (kind == ClosingDialogToken)
-            return TableEnded;
-        if (kind == ExpressionDialogToken)
-            continue;
-        if (isNumeric(token) || !checked)
-            continue;
-
+    // A comma ends the styles; whatever follows it is not read.
+    const bool goesOn = walkDialogTokens(str, pos, StyleTokens, [&](const QString &token,
+                                                                    DialogToken kind) {
+        if (kind == ExpressionDialogToken || isNumeric(token) || !checked)
+            return;
         const bool tabWord = token.startsWith(QLatin1String("tab")) && isNumeric(token.mid(3));
         const bool common = isOneOf(token, {"disable", "hide", "group", "result"});
         if (!own.contains(token) && !tabWord && !common) {
             setFormat(pos - token.length(), token.length(), DevSettings::errFmt);
             throwError(ErrorReport, pos, dialogBlock(), QStringLiteral("Invalid style type"));
         }
-    }
-    return TableGoesOn;
+    });
+    return goesOn ? TableGoesOn : TableEnded;
 }

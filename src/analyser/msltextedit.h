@@ -10,6 +10,8 @@
 #include <QTextBlockUserData>
 #include <QVector>
 
+#include <functional>
+
 // One `$word` occurrence in a line, as the analyser saw it.
 struct Identifier
 {
@@ -281,6 +283,13 @@ private:
 
     // Dialog table steps (highlighter_dialogtables.cpp).
     enum DialogToken { PlainDialogToken, ClosingDialogToken, ExpressionDialogToken };
+    // How a statement's tokens are read: plain, as a title (a stray
+    // closing bracket marked alone), or as styles (lowered, up to a comma).
+    enum DialogTokenWalk { PlainTokens, TitleTokens, StyleTokens };
+    // Hands each token of the rest of the line to `visit`; false when a
+    // closing bracket ended the table.
+    bool walkDialogTokens(const QString &str, int &pos, DialogTokenWalk walk,
+                          const std::function<void(const QString &, DialogToken)> &visit);
     DialogToken treatDialogToken(const QString &str, int &pos, const QString &token,
                                  bool markBracketOnly);
     int parseDialogOption(const QString &str, int &pos);

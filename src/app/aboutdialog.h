@@ -26,7 +26,6 @@ private:
     QLabel *label_3 = nullptr;
     QLabel *label_4 = nullptr;
 
-    friend class AboutDialogTestAccess;
 };
 
 #endif // ABOUTDIALOG_H

@@ -27,7 +27,6 @@ private:
     QDialogButtonBox *buttonBox = nullptr;
     QListWidget *listWidget = nullptr;
 
-    friend class NewProjectDialogTestAccess;
 };
 
 #endif // NEWPROJECTDIALOG_H

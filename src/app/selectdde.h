@@ -33,7 +33,6 @@ private:
     QPushButton *pushButton = nullptr;
     QPushButton *pushButton_2 = nullptr;
 
-    friend class SelectDDETestAccess;
 };
 
 #endif // SELECTDDE_H

@@ -1,14 +1,16 @@
 // tarnwick-lint: the editor's analyser over script files, headless.
 //
-//   tarnwick-lint [--json] [--dump] [--] FILE...
+//   tarnwick-lint [--json | --sarif] [--dump] [--] FILE...
 //
 // Prints the reports the report dock would hold for the files, one line
-// each (or one JSON document), and a summary on standard error. Exit
+// each (or one JSON document, or a SARIF log for code-scanning services),
+// and a summary on standard error. Exit
 // status: 0 without error reports, 1 with some, 2 on a usage error or a
 // file that cannot be read.
 
 #include "devsettings.h"
 #include "reportkind.h"
+#include "sariflog.h"
 #include "scriptlinter.h"
 
 #include <QCommandLineParser>
@@ -104,8 +106,12 @@ int main(int argc, char **argv)
         QStringLiteral("dump"),
         QStringLiteral("With the JSON output, also every line: its text, state, formats and "
                        "record. Implies --json."));
+    const QCommandLineOption sarifOption(
+        QStringLiteral("sarif"),
+        QStringLiteral("Print the reports as one SARIF 2.1.0 log, for code-scanning services."));
     parser.addOption(jsonOption);
     parser.addOption(dumpOption);
+    parser.addOption(sarifOption);
     parser.addPositionalArgument(QStringLiteral("files"), QStringLiteral("Script files to check."),
                                  QStringLiteral("[--] FILE..."));
 
@@ -130,6 +136,12 @@ int main(int argc, char **argv)
     }
     const bool dump = parser.isSet(dumpOption);
     const bool json = parser.isSet(jsonOption) || dump;
+    const bool sarif = parser.isSet(sarifOption);
+    if (sarif && json) {
+        err << "tarnwick-lint: --sarif cannot be combined with --json or --dump\n"
+            << "Try 'tarnwick-lint --help' for more information.\n";
+        return UsageOrReadFailure;
+    }
 
     DevSettings::InitializeAllSettings();
     ScriptLinter linter;
@@ -137,6 +149,7 @@ int main(int argc, char **argv)
 
     Counts counts;
     QJsonArray jsonFiles;
+    SarifLog sarifLog(QStringLiteral(TARNWICK_VERSION));
     for (const QString &name : fileNames) {
         bool again = false;
         const LintedFile file = linter.lint(name, &again);
@@ -151,17 +164,21 @@ int main(int argc, char **argv)
         }
         for (const LintReport &r : file.reports) {
             counts.add(r);
-            if (!json)
+            if (!json && !sarif)
                 out << ScriptLinter::textLine(r) << "\n";
         }
         if (json)
             jsonFiles.append(ScriptLinter::fileJson(file));
+        if (sarif)
+            sarifLog.addFile(file);
     }
     if (json) {
         QJsonObject root;
         root.insert(QStringLiteral("files"), jsonFiles);
         out << QString::fromUtf8(QJsonDocument(root).toJson(QJsonDocument::Indented));
     }
+    if (sarif)
+        out << QString::fromUtf8(QJsonDocument(sarifLog.toJson()).toJson(QJsonDocument::Indented));
     out.flush();
     err << summary(counts) << "\n";
     err.flush();

@@ -15,6 +15,7 @@
 #include <QRegularExpression>
 #include <QSet>
 #include <QTemporaryDir>
+#include <QUrl>
 #include <QtTest>
 
 namespace {
@@ -141,6 +142,54 @@ private slots:
             = lint({write(QStringLiteral("clean.mrc"), "alias x {\n  echo -a hi\n}\n")});
         QCOMPARE(clean.exitCode, 0);
         QCOMPARE(clean.out, QString());
+    }
+
+    // The SARIF log holds the same reports as the JSON form, in the shape
+    // code-scanning services read: 1-based columns, a level per kind, a
+    // rule for every rule id used, and the unreadable file as a notification.
+    void sarifForm()
+    {
+        const QString path = write(QStringLiteral("kinds.mrc"), dataFile("kinds.mrc"));
+        const QString missing = dir.filePath(QStringLiteral("missing.mrc"));
+        const QJsonArray reports = field(lint({QStringLiteral("--json"), path}).files, 0, "reports");
+        const Run run = lint({QStringLiteral("--sarif"), path, missing});
+        QCOMPARE(run.exitCode, 2);
+        const QJsonObject log = QJsonDocument::fromJson(run.out.toUtf8()).object();
+        QCOMPARE(log["version"].toString(), QStringLiteral("2.1.0"));
+        QVERIFY(log["$schema"].toString().endsWith(QLatin1String("sarif-2.1.0.json")));
+        const QJsonObject sarifRun = log["runs"].toArray().at(0).toObject();
+        const QJsonObject driver = sarifRun["tool"]["driver"].toObject();
+        QCOMPARE(driver["name"].toString(), QStringLiteral("tarnwick-lint"));
+        QSet<QString> rules;
+        for (const QJsonValue &rule : driver["rules"].toArray())
+            rules << rule["id"].toString();
+
+        const QJsonArray results = sarifRun["results"].toArray();
+        QCOMPARE(results.size(), reports.size());
+        QStringList levels;
+        for (int i = 0; i < results.size(); ++i) {
+            const QJsonObject res = results.at(i).toObject();
+            const QJsonObject report = reports.at(i).toObject();
+            const QJsonValue where = res["locations"][0]["physicalLocation"];
+            QCOMPARE(where["artifactLocation"]["uri"].toString(),
+                     QUrl::fromLocalFile(path).toString());
+            QCOMPARE(where["region"]["startLine"].toInt(), report["line"].toInt());
+            QCOMPARE(where["region"]["startColumn"].toInt(), report["col"].toInt() + 1);
+            QCOMPARE(res["message"]["text"].toString(), report["message"].toString());
+            QVERIFY2(rules.contains(res["ruleId"].toString()), qPrintable(res["ruleId"].toString()));
+            levels << res["level"].toString() + QLatin1Char('/') + res["ruleId"].toString();
+        }
+        levels.removeDuplicates();
+        levels.sort();
+        QCOMPARE(levels.join(QLatin1Char(' ')),
+                 QStringLiteral("error/tarnwick/error note/tarnwick/fixme note/tarnwick/hack "
+                                "note/tarnwick/info note/tarnwick/todo note/tarnwick/xxx "
+                                "warning/tarnwick/warning"));
+        const QJsonObject invocation = sarifRun["invocations"][0].toObject();
+        QCOMPARE(invocation["executionSuccessful"].toBool(), false);
+        QVERIFY(invocation["toolExecutionNotifications"][0]["message"]["text"].toString().contains(
+            missing));
+        QCOMPARE(lint({QStringLiteral("--sarif"), QStringLiteral("--json"), path}).exitCode, 2);
     }
 
     // Every line as the analyser left it in a document.
