@@ -12,11 +12,13 @@ namespace {
 // SymbolKind values.
 enum SymbolKind { NamespaceKind = 3, FunctionKind = 12, ObjectKind = 19, EventKind = 24 };
 
-// The state the analyser was in before `block`.
+// The state the analyser was in before `block`; the first line starts at
+// top level.
 int stateBefore(const QTextBlock &block)
 {
+    constexpr int TopLevel = 1;
     const QTextBlock previous = block.previous();
-    return previous.isValid() ? previous.userState() : -1;
+    return previous.isValid() ? previous.userState() : TopLevel;
 }
 
 bool opensGroup(const CBlockData *data)
@@ -47,9 +49,7 @@ bool opensFold(const QTextBlock &block, const CBlockData *data)
 // to the group's end. The last line of the document ends every fold.
 int foldEnd(const QTextBlock &header)
 {
-    int before = stateBefore(header);
-    if (before == -1)
-        before = 1; // the first line starts at top level
+    const int before = stateBefore(header);
     int line = header.blockNumber();
     for (QTextBlock block = header.next(); block.isValid(); block = block.next()) {
         ++line;
