@@ -66,8 +66,10 @@ private slots:
         LspClient client;
         // Before initialize, requests are refused and notifications dropped.
         QCOMPARE(errorCode(client.request(QStringLiteral("shutdown"))), -32002);
-        client.notify(QStringLiteral("textDocument/didOpen"), {});
+        client.sendRaw(framed("{'jsonrpc':'2.0','method':'textDocument/didOpen','params':{"
+                              "'textDocument':{'uri':'file:///work/sample.mrc','text':''}}}"));
         const QJsonObject init = client.initialize();
+        QCOMPARE(errorCode(client.at(QStringLiteral("textDocument/hover"), uri, 0, 0)), -32602);
         QVERIFY(init[QStringLiteral("capabilities")].isObject());
         QCOMPARE(init[QStringLiteral("serverInfo")][QStringLiteral("name")].toString(),
                  QStringLiteral("tarnwick-lsp"));
