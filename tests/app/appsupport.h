@@ -72,13 +72,8 @@ public:
     }
     void removeError(QVector<int> ids) { w->removeError(ids); }
     void editorFclosed(const QString &path) { w->editorFclosed(QFileInfo(path)); }
-    void addBuilder()
-    {
-        auto *builder = new MdiChildBuilder(w->mdiContainer);
-        w->bldWindows.append(builder);
-        w->mdiContainer->addTab(builder, "Builder");
-        w->mdiContainer->setCurrentWidget(builder);
-    }
+    // A dialog builder, as File > New makes one after its warning.
+    void addBuilder();
     // An entry of the menu bar, by its menu's text and its own.
     QAction *entry(const QString &menu, const QString &text) const
     {
@@ -198,5 +193,12 @@ private:
     QList<Answer> pending;
     QPointer<QWidget> last;
 };
+
+inline void MainWindowTestAccess::addBuilder()
+{
+    NestedLoopDriver driver({NestedLoopDriver::press(QDialogButtonBox::Ok, 1),
+                             NestedLoopDriver::press(QMessageBox::Ok)});
+    newFile();
+}
 
 #endif // APPSUPPORT_H
