@@ -160,6 +160,8 @@ private:
     // keeps the indexes that make ids and ordering cheap.
     ReportStore *reportStore = nullptr;
 
+    // Stays for what no caller can reach: opening a file without its dialog,
+    // filing reports without an analyser, the documents and current tab kept.
     friend class MainWindowTestAccess;
 };
 

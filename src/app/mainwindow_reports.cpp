@@ -86,6 +86,7 @@ void MainWindow::buildReportDock()
     reportContainer->setWidget(tabs);
 
     tree = new QTreeView(tabs);
+    tree->setObjectName(QStringLiteral("debugView"));
     layout = new QStandardItemModel(0, ReportStore::DebugColumns, tree);
     setHeaders(layout, {QObject::tr("File"), QObject::tr("Line"), QObject::tr("Col"),
                         QObject::tr("Block"), QObject::tr("ID"), QObject::tr("Error")});
@@ -99,6 +100,7 @@ void MainWindow::buildReportDock()
     connect(tree, &QWidget::customContextMenuRequested, this, &MainWindow::customDebugMenu);
 
     msgs = new QTreeView(tabs);
+    msgs->setObjectName(QStringLiteral("messagesView"));
     msgsLayout = new QStandardItemModel(0, ReportStore::MessagesColumns, msgs);
     setHeaders(msgsLayout, {QObject::tr("File"), QObject::tr("Line"), QObject::tr("Col"),
                             QObject::tr("ID"), QObject::tr("Message")});

@@ -203,6 +203,7 @@ QDockWidget *MdiChildBuilder::setupPropBox()
     auto *box = new QWidget(dock);
     auto *layout = new QVBoxLayout(box);
     label = new QLabel(QStringLiteral("Main Dialog"), box);
+    label->setObjectName(QStringLiteral("selectionLabel"));
     table = new QTableWidget(box);
     table->verticalHeader()->hide();
     // The header clamps to its font-derived minimum, which is taller than
@@ -215,6 +216,7 @@ QDockWidget *MdiChildBuilder::setupPropBox()
     table->setContentsMargins(0, 0, 0, 0);
     table->setCellWidget(0, 0, new QLabel(QStringLiteral("Text")));
     textValue = new QLineEdit;
+    textValue->setObjectName(QStringLiteral("textValue"));
     table->setCellWidget(0, 1, textValue);
     connect(textValue, &QLineEdit::textChanged, this, &MdiChildBuilder::textValueChanged);
     layout->addWidget(label);
@@ -243,6 +245,7 @@ void MdiChildBuilder::buildStatBar()
     };
 
     mosPos = new QLabel(QStringLiteral("  0, 0"));
+    mosPos->setObjectName(QStringLiteral("cursorPosition"));
     makeField(QStringLiteral(":/statusbar/resources/img_assets/status/ruler.png"), mosPos);
     dummyWindow->setCurPosLabel(mosPos);
 

@@ -48,8 +48,6 @@ public slots:
     void textValueChanged();
 
 private:
-    friend class TestBuilder;
-
     void buildMDIArea();
     void buildToolBar();
     void buildToolBox();

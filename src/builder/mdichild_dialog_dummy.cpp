@@ -233,6 +233,25 @@ int MdiChildDialogDummy::getGridSize()
     return gridSize;
 }
 
+bool MdiChildDialogDummy::isGridVisible() const
+{
+    return showGrid;
+}
+
+QList<Component> MdiChildDialogDummy::placedComponents() const
+{
+    QList<Component> placed;
+    placed.reserve(components.size());
+    for (const Component *c : components)
+        placed.append(*c);
+    return placed;
+}
+
+QWidget *MdiChildDialogDummy::selectedControl() const
+{
+    return focusedObject;
+}
+
 void MdiChildDialogDummy::setGridVisible(bool visible)
 {
     showGrid = visible;

@@ -3,6 +3,7 @@
 
 #include <QMainWindow>
 #include <QObject>
+#include <QList>
 #include <QString>
 #include <QVector>
 
@@ -67,6 +68,15 @@ public:
     void incGridSize();
     void decGridSize();
     int getGridSize();
+    bool isGridVisible() const;
+
+    // The controls dropped so far, oldest first.
+    QList<Component> placedComponents() const;
+    // The control that carries the selection handles, if any.
+    QWidget *selectedControl() const;
+    // The hidden control that a toolbox kind is copied from, sized as the
+    // copy will be; none for a kind that cannot be placed.
+    QWidget *prototypeFor(const QString &kind) const;
 
 signals:
     void newSelection(QWidget *obj, QString str);
@@ -94,13 +104,9 @@ protected:
     virtual QWidget *dragSource(const QDropEvent *event) const;
 
 private:
-    friend class TestDialogDummy;
-    friend class TestBuilder;
-
     void setUpDraggables();
     bool isValidDraggableGUI(const QMimeData *data);
     Component *isValidDraggableComp(const QWidget *data);
-    QWidget *prototypeFor(const QString &kind) const;
     QWidget *makeControl(const QString &kind);
     int snap(int value) const;
     bool isPlaced(const QWidget *widget) const;

@@ -24,7 +24,9 @@ MdiChildEditor::MdiChildEditor(QWidget *)
 
     QStatusBar *status = new QStatusBar();
     curStatus = new QLabel();
+    curStatus->setObjectName(QStringLiteral("cursorStatus"));
     docStatus = new QLabel();
+    docStatus->setObjectName(QStringLiteral("sizeStatus"));
     status->addWidget(curStatus, 0);
     status->addWidget(docStatus, 0);
     setStatusBar(status);
@@ -57,6 +59,16 @@ MslSyntaxHighlighter *MdiChildEditor::getHighlighter()
 MslTextEditor *MdiChildEditor::getEditor()
 {
     return editor;
+}
+
+bool MdiChildEditor::hasUnsavedChanges() const
+{
+    return didChange;
+}
+
+bool MdiChildEditor::isUntitled() const
+{
+    return noFile;
 }
 
 QFileInfo MdiChildEditor::file()

@@ -35,6 +35,10 @@ public:
 
     MslSyntaxHighlighter *getHighlighter();
     MslTextEditor *getEditor();
+    // Whether the text differs from what was last loaded or saved.
+    bool hasUnsavedChanges() const;
+    // Whether the document has no file yet, so that saving asks for one.
+    bool isUntitled() const;
     QFileInfo file();
     void setFile(QFileInfo fileName, bool nofile, bool isReadOnly);
 
@@ -119,6 +123,8 @@ private:
     int syntaxTimer = 0;
     QFileInfo fName;
 
+    // Stays for what no user can reach: the object tree panel, never built
+    // nor updated, and a search mode outside the mode menu's entries.
     friend class MdiChildEditorTestAccess;
 };
 

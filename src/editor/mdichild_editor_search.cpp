@@ -168,6 +168,7 @@ QLabel *whiteLabel(const QString &text)
 void MdiChildEditor::buildSearchDock()
 {
     searchBox = new QDockWidget(tr("Search"), this);
+    searchBox->setObjectName(QStringLiteral("searchBox"));
     searchBox->setTitleBarWidget(new QWidget());
     searchBox->setFeatures(QDockWidget::NoDockWidgetFeatures);
     searchBox->setAllowedAreas(Qt::TopDockWidgetArea | Qt::BottomDockWidgetArea);
@@ -185,6 +186,7 @@ void MdiChildEditor::buildSearchDock()
     grid->addWidget(findLabel, 0, 0);
 
     searchLine = new LineEditBtn();
+    searchLine->setObjectName(QStringLiteral("searchLine"));
     searchLine->setBtnIcon(QIcon(modeIcon(PlainSearch)), 16, 16);
     searchLine->setHideOnEmpty(false);
     connect(searchLine, &LineEditBtn::sideBtnCustomContext, this,
@@ -211,6 +213,7 @@ void MdiChildEditor::buildSearchDock()
     grid->addWidget(replaceLabel, 1, 0);
 
     replacement = new QLineEdit();
+    replacement->setObjectName(QStringLiteral("replacement"));
     grid->addWidget(replacement, 1, 1);
 
     QPushButton *replace = new QPushButton(tr("replace"));

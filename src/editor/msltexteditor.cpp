@@ -62,14 +62,16 @@ void MslTextEditor::buildCompleters()
 
     const struct {
         QCompleter *completer;
+        const char *name;
         void (MslTextEditor::*slot)(const QString &);
     } wiring[] = {
-        { comCompleter, &MslTextEditor::insertComCompletion },
-        { propCompleter, &MslTextEditor::insertIdentPropCompletion },
-        { identCompleter, &MslTextEditor::insertIdentCompletion },
-        { colorCompleter, &MslTextEditor::insertColorCompletion },
+        { comCompleter, "comCompleter", &MslTextEditor::insertComCompletion },
+        { propCompleter, "propCompleter", &MslTextEditor::insertIdentPropCompletion },
+        { identCompleter, "identCompleter", &MslTextEditor::insertIdentCompletion },
+        { colorCompleter, "colorCompleter", &MslTextEditor::insertColorCompletion },
     };
     for (const auto &w : wiring) {
+        w.completer->setObjectName(QLatin1String(w.name));
         w.completer->setWidget(this);
         w.completer->setCompletionMode(QCompleter::PopupCompletion);
         connect(w.completer, qOverload<const QString &>(&QCompleter::activated),

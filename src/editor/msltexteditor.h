@@ -116,8 +116,6 @@ private:
     QTimer *timerHover = nullptr;
     QPoint hoverPoint;
     int prevVerticalScrollBar = 0;
-
-    friend class MslTextEditorTestAccess;
 };
 
 #endif // MSLTEXTEDITOR_H

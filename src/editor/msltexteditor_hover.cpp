@@ -25,6 +25,7 @@ void MslTextEditor::mouseMoveEvent(QMouseEvent *e)
     hoverPoint = e->position().toPoint();
     if (!timerHover) {
         timerHover = new QTimer(this);
+        timerHover->setObjectName(QStringLiteral("hoverTimer"));
         connect(timerHover, &QTimer::timeout, this, &MslTextEditor::processMouseHover);
         timerHover->start(hoverDelay);
     } else {

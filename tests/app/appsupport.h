@@ -26,20 +26,42 @@ public:
     { }
     MainWindow &window() const { return *w; }
 
-    QTabWidget *tabs() const { return w->mdiContainer; }
-    QDockWidget *reportDock() const { return w->reportContainer; }
-    QDockWidget *syncDock() const { return w->fileSyncing; }
-    QTreeView *debugView() const { return w->tree; }
-    QTreeView *messagesView() const { return w->msgs; }
-    QStandardItemModel *debug() const { return w->layout; }
-    QStandardItemModel *messages() const { return w->msgsLayout; }
+    // What a user sees is found by name, or as the window's central widget.
+    QTabWidget *tabs() const { return qobject_cast<QTabWidget *>(w->centralWidget()); }
+    QDockWidget *reportDock() const { return w->findChild<QDockWidget *>("msgArea"); }
+    QDockWidget *syncDock() const { return w->findChild<QDockWidget *>("mIRCSync"); }
+    QTreeView *debugView() const { return w->findChild<QTreeView *>("debugView"); }
+    QTreeView *messagesView() const { return w->findChild<QTreeView *>("messagesView"); }
+    QStandardItemModel *debug() const { return model(debugView()); }
+    QStandardItemModel *messages() const { return model(messagesView()); }
+    ReportStore *store() const { return w->findChild<ReportStore *>(); }
+    void newFile() { entry("&File", "&New")->trigger(); }
+
+    // A right click on a report list, and a double click on one of its rows.
+    void reportMenu(bool debug)
+    {
+        QWidget *at = (debug ? debugView() : messagesView())->viewport();
+        QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(2, 2),
+                                at->mapToGlobal(QPoint(2, 2)));
+        QApplication::sendEvent(at, &event);
+    }
+    void doubleClick(bool debug, const QModelIndex &index)
+    {
+        QTreeView *view = debug ? debugView() : messagesView();
+        qobject_cast<QTabWidget *>(reportDock()->widget())->setCurrentWidget(view);
+        const QPoint at = view->visualRect(index).center();
+        QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, at);
+        QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, at);
+    }
+
+    // The rest has no way in from outside: files are opened through a file
+    // dialog or the sync dock, reports come from a document's analyser, and
+    // the window keeps its documents, current tab and servers to itself.
     QVector<MdiChildEditor *> editors() const { return w->edtWindows; }
     QVector<MdiChildBuilder *> builders() const { return w->bldWindows; }
     QWidget *current() const { return w->curWindow; }
     QVector<QString> ddeServers() const { return w->ddeServers; }
-    ReportStore *store() const { return w->reportStore; }
 
-    void newFile() { w->newFile(); }
     void openFile(const QString &path, bool readOnly) { w->openFile(QFileInfo(path), readOnly); }
     int report(int line, int col, const QString &file, const QString &block, int type,
                const QString &message)
@@ -50,21 +72,8 @@ public:
     }
     void removeError(QVector<int> ids) { w->removeError(ids); }
     void editorFclosed(const QString &path) { w->editorFclosed(QFileInfo(path)); }
-    void reportMenu(bool debug)
-    {
-        debug ? w->customDebugMenu(QPoint(2, 2)) : w->customMessageMenu(QPoint(2, 2));
-    }
-    void doubleClick(bool debug, const QModelIndex &index)
-    {
-        debug ? w->debugDClick(index) : w->statusDClick(index);
-    }
-    void addBuilder()
-    {
-        auto *builder = new MdiChildBuilder(w->mdiContainer);
-        w->bldWindows.append(builder);
-        w->mdiContainer->addTab(builder, "Builder");
-        w->mdiContainer->setCurrentWidget(builder);
-    }
+    // A dialog builder, as File > New makes one after its warning.
+    void addBuilder();
     // An entry of the menu bar, by its menu's text and its own.
     QAction *entry(const QString &menu, const QString &text) const
     {
@@ -76,6 +85,11 @@ public:
     }
 
 private:
+    static QStandardItemModel *model(QTreeView *view)
+    {
+        return qobject_cast<QStandardItemModel *>(view->model());
+    }
+
     std::unique_ptr<MainWindow> own;
     MainWindow *w;
 };
@@ -179,5 +193,12 @@ private:
     QList<Answer> pending;
     QPointer<QWidget> last;
 };
+
+inline void MainWindowTestAccess::addBuilder()
+{
+    NestedLoopDriver driver({NestedLoopDriver::press(QDialogButtonBox::Ok, 1),
+                             NestedLoopDriver::press(QMessageBox::Ok)});
+    newFile();
+}
 
 #endif // APPSUPPORT_H

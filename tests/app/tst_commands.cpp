@@ -92,23 +92,24 @@ private slots:
             a.openFile(writeFile(dir.filePath(QStringLiteral("close%1.mrc").arg(i)), "x"), false);
             a.editors().last()->getEditor()->insertPlainText("y");
         }
-        MdiChildEditor *second = a.editors().at(1);
-        const auto discard = NestedLoopDriver::press(QMessageBox::Discard),
-                   cancel = NestedLoopDriver::press(QMessageBox::Cancel);
-        NestedLoopDriver driver({discard, cancel, discard, cancel, discard});
-        a.entry("&File", "Clos&e All")->trigger();
-        QCOMPARE(
-            driver.seen.filter(QRegularExpression("^Save Changes\\?\\|.*close[012]\\.mrc")).size(),
-            3);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QCOMPARE(a.editors(), QVector<MdiChildEditor *>{second});
-        QCOMPARE(readFile(dir.filePath("close0.mrc")), QByteArray("x"));
-        QCOMPARE(a.tabs()->tabText(0), QStringLiteral("close1.mrc*"));
-        for (int left : {1, 0}) {
-            emit a.tabs()->tabCloseRequested(0);
-            QCOMPARE(a.editors().size(), left);
+        { // the driver goes before the builder's dialogs come up
+            MdiChildEditor *second = a.editors().at(1);
+            const auto discard = NestedLoopDriver::press(QMessageBox::Discard),
+                       cancel = NestedLoopDriver::press(QMessageBox::Cancel);
+            NestedLoopDriver driver({discard, cancel, discard, cancel, discard});
+            a.entry("&File", "Clos&e All")->trigger();
+            const QRegularExpression asked("^Save Changes\\?\\|.*close[012]\\.mrc");
+            QCOMPARE(driver.seen.filter(asked).size(), 3);
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            QCOMPARE(a.editors(), QVector<MdiChildEditor *>{second});
+            QCOMPARE(readFile(dir.filePath("close0.mrc")), QByteArray("x"));
+            QCOMPARE(a.tabs()->tabText(0), QStringLiteral("close1.mrc*"));
+            for (int left : {1, 0}) {
+                emit a.tabs()->tabCloseRequested(0);
+                QCOMPARE(a.editors().size(), left);
+            }
+            QCOMPARE(driver.seen.size(), 5);
         }
-        QCOMPARE(driver.seen.size(), 5);
         a.openFile(writeFile(dir.filePath("keep.mrc"), "k"), false);
         a.openFile(writeFile(dir.filePath("other.mrc"), "o"), false);
         a.tabs()->setCurrentIndex(0);

@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
 #include <QSignalSpy>
 #include <QTest>
 #include <QWidgetAction>
@@ -30,7 +31,16 @@ private:
     static QWidget *place(ReplaySurface &s, const QString &kind, const QPoint &pos)
     {
         replayDrag(&s, QStringLiteral("gui/") + kind, QByteArray(), pos);
-        return s.components.isEmpty() ? nullptr : s.components.last()->object;
+        const QList<Component> placed = s.placedComponents();
+        return placed.isEmpty() ? nullptr : placed.last().object;
+    }
+
+    // The line that every menu of the typed tree ends in.
+    static QLineEdit *entryLine(QMenu *menu)
+    {
+        const QList<QAction *> items = menu->actions();
+        auto *last = qobject_cast<QWidgetAction *>(items.isEmpty() ? nullptr : items.last());
+        return last ? qobject_cast<QLineEdit *>(last->defaultWidget()) : nullptr;
     }
 
     static void drag(ReplaySurface &s, QWidget *source, const char *format, const QByteArray &data,
@@ -78,16 +88,16 @@ private slots:
             drag(s, button, "gui.moved", "5 7", QPoint(53, 40));
             QCOMPARE(button->pos(), snap ? QPoint(48, 32) : QPoint(48, 33));
             QCOMPARE(button->size(), QSize(75, 23));
-            QCOMPARE(s.focusedObject, button);
+            QCOMPARE(s.selectedControl(), button);
             // Dropping a moved control adds nothing, and the others stay.
-            QCOMPARE(s.components.size(), 2);
+            QCOMPARE(s.placedComponents().size(), 2);
             QCOMPARE(edit->pos(), QPoint(96, 96));
 
             // A drag from outside the surface moves nothing.
             QWidget stranger;
             drag(s, &stranger, "gui.moved", "1 1", QPoint(200, 200));
             QCOMPARE(button->pos(), snap ? QPoint(48, 32) : QPoint(48, 33));
-            QCOMPARE(s.components.size(), 2);
+            QCOMPARE(s.placedComponents().size(), 2);
         }
     }
 
@@ -112,7 +122,7 @@ private slots:
             QCOMPARE(button->geometry(), QRect(40, 40, 75, 23)); // right edge 114, bottom 62
             drag(s, button, "gui.resize", c.handle, c.to);
             QCOMPARE(button->geometry(), c.expected);
-            QCOMPARE(s.components.size(), 1);
+            QCOMPARE(s.placedComponents().size(), 1);
         }
     }
 
@@ -126,9 +136,10 @@ private slots:
             auto *area = qobject_cast<QAbstractScrollArea *>(
                 place(s, QLatin1String(kind), QPoint(24, 120)));
             QVERIFY2(area, kind);
-            s.focusedObject = nullptr;
+            press(&s, QPoint(290, 240)); // the bare surface: nothing selected
+            QVERIFY2(!s.selectedControl(), kind);
             press(area->viewport(), QPoint(5, 5), Qt::RightButton);
-            QVERIFY2(s.focusedObject == area, kind);
+            QVERIFY2(s.selectedControl() == area, kind);
         }
 
         // The right button selects without starting a move; the selection
@@ -136,7 +147,7 @@ private slots:
         drag(s, button, "gui.moved", "0 0", QPoint(16, 80));
         QSignalSpy spy(&s, &MdiChildDialogDummy::newSelection);
         press(edit, QPoint(3, 3), Qt::RightButton);
-        QCOMPARE(s.focusedObject, edit);
+        QCOMPARE(s.selectedControl(), edit);
         QCOMPARE(spy.count(), 1);
         QCOMPARE(spy.first().at(0).value<QWidget *>(), button);
     }
@@ -158,20 +169,20 @@ private slots:
     void typedMenuTree()
     {
         ReplaySurface s;
-        Mnu *root = s.menu;
-        root->textEntry->setText(QStringLiteral("File"));
-        QTest::keyClick(root->textEntry, Qt::Key_Return);
-        QCOMPARE(root->textEntry->text(), QString());
-        const QList<QAction *> items = root->menuEntry->actions();
+        QMenu *root = s.menuBar()->actions().first()->menu();
+        QLineEdit *rootEntry = entryLine(root);
+        rootEntry->setText(QStringLiteral("File"));
+        QTest::keyClick(rootEntry, Qt::Key_Return);
+        QCOMPARE(rootEntry->text(), QString());
+        const QList<QAction *> items = root->actions();
         QCOMPARE(items.size(), 2);
-        QCOMPARE(items.last(), root->dummyAction); // the entry line stays last
+        QCOMPARE(entryLine(root), rootEntry); // the entry line stays last
         QMenu *file = items.first()->menu();
         QCOMPARE(file->title(), QStringLiteral("File"));
 
         // The submenu has an entry line of its own.
         QCOMPARE(file->actions().size(), 1);
-        auto *entry = qobject_cast<QLineEdit *>(
-            qobject_cast<QWidgetAction *>(file->actions().first())->defaultWidget());
+        QLineEdit *entry = entryLine(file);
         entry->setText(QStringLiteral("Open"));
         QTest::keyClick(entry, Qt::Key_Return);
         QCOMPARE(file->actions().size(), 2);

@@ -1,8 +1,8 @@
 #ifndef EDITORSUPPORT_H
 #define EDITORSUPPORT_H
 
-// Shared by the editor tests: reaches into the document and the text
-// widget, a driver for the dialogs and menus they open with exec(), and a
+// Shared by the editor tests: the parts of the document and the text
+// widget they look at, a driver for the dialogs and menus they open with exec(), and a
 // shown editor with the real analyser that takes keys as a keyboard sends
 // them.
 
@@ -26,28 +26,44 @@
 #include <functional>
 #include <memory>
 
+// A script document as a user or the main window reaches it: the public
+// getters, the widgets by name.
+class DocumentParts
+{
+public:
+    explicit DocumentParts(MdiChildEditor *doc) : d(doc) { }
+    MslTextEditor *editor() const { return d->getEditor(); }
+    MslSyntaxHighlighter *highlighter() const { return d->getHighlighter(); }
+    bool didChange() const { return d->hasUnsavedChanges(); }
+    bool noFile() const { return d->isUntitled(); }
+    QString cursorStatus() const { return d->findChild<QLabel *>("cursorStatus")->text(); }
+    QString sizeStatus() const { return d->findChild<QLabel *>("sizeStatus")->text(); }
+    LineEditBtn *searchLine() const { return d->findChild<LineEditBtn *>("searchLine"); }
+    QLineEdit *replacement() const { return d->findChild<QLineEdit *>("replacement"); }
+    QDockWidget *searchBox() const { return d->findChild<QDockWidget *>("searchBox"); }
+    // Saves as the main window's Save All does, which wants the outcome too.
+    bool save()
+    {
+        bool saved = false;
+        QMetaObject::invokeMethod(d, "saveFileClicked", Qt::DirectConnection,
+                                  Q_RETURN_ARG(bool, saved));
+        return saved;
+    }
+
+private:
+    MdiChildEditor *d;
+};
+
+// What only a reach inside the document gets at: the object tree panel,
+// which the document never builds nor updates, and a search mode that no
+// menu entry leads to.
 class MdiChildEditorTestAccess
 {
 public:
     explicit MdiChildEditorTestAccess(MdiChildEditor *doc) : d(doc) { }
-    MslTextEditor *editor() const { return d->editor; }
-    MslSyntaxHighlighter *highlighter() const { return d->syntaxHighlighter; }
-    bool didChange() const { return d->didChange; }
-    bool noFile() const { return d->noFile; }
-    QString cursorStatus() const { return d->curStatus->text(); }
-    QString sizeStatus() const { return d->docStatus->text(); }
-    LineEditBtn *searchLine() const { return d->searchLine; }
-    QLineEdit *replacement() const { return d->replacement; }
-    QDockWidget *searchBox() const { return d->searchBox; }
-    int searchType() const { return d->searchType; }
     void setSearchType(int mode) { d->searchType = mode; }
-    bool save() { return d->saveFileClicked(); }
-    void searchNext() { d->search_next(); }
-    void searchPrev() { d->search_prev(); }
-    void openSearchBox() { d->openSearchBox(); }
 
-    // The document builds no object tree panel; tests make one: the
-    // branches for local and global aliases and dialogs, and events.
+    // The branches for local and global aliases and dialogs, and events.
     void setObjectPanel(QDockWidget *box, QTreeWidget *tree, const QList<QTreeWidgetItem *> &b)
     {
         d->compBox = box, d->compTree = tree, d->aliases_local = b[0], d->aliases_global = b[1];
@@ -60,16 +76,21 @@ private:
     MdiChildEditor *d;
 };
 
-class MslTextEditorTestAccess
+// The parts of a script editor the tests look at, found by name.
+class EditorParts
 {
 public:
-    explicit MslTextEditorTestAccess(MslTextEditor *editor) : e(editor) { }
-    QWidget *lineNumber() const { return e->lineNumber; }
-    QTimer *timerHover() const { return e->timerHover; }
-    int leftMargin() const { return e->viewportMargins().left(); }
+    explicit EditorParts(MslTextEditor *editor) : e(editor) { }
+    QWidget *lineNumber() const { return e->findChild<LineNumberBar *>(); }
+    QTimer *timerHover() const { return e->findChild<QTimer *>("hoverTimer"); }
+    int leftMargin() const { return e->viewport()->geometry().left() - e->contentsRect().left(); }
     QList<QCompleter *> completers() const
     {
-        return {e->comCompleter, e->propCompleter, e->identCompleter, e->colorCompleter};
+        QList<QCompleter *> list;
+        for (const char *name : {"comCompleter", "propCompleter", "identCompleter",
+                                 "colorCompleter"})
+            list << e->findChild<QCompleter *>(QLatin1String(name));
+        return list;
     }
 
 private:
@@ -195,7 +216,7 @@ public:
     }
     ~EditorFixture()
     {
-        for (QCompleter *c : access().completers())
+        for (QCompleter *c : parts().completers())
             c->popup()->hide();
         QToolTip::hideText();
     }
@@ -204,7 +225,7 @@ public:
         return QTest::qWaitForWindowExposed(editor.get())
             && QTest::qWaitForWindowActive(editor.get());
     }
-    MslTextEditorTestAccess access() const { return MslTextEditorTestAccess(editor.get()); }
+    EditorParts parts() const { return EditorParts(editor.get()); }
 
     // Replaces the text, analyses it and puts the cursor at `line`, `col`
     // (-1: the end of the line).
@@ -224,7 +245,7 @@ public:
     // A click on the gutter, `x` pixels right of the fold icon's left edge.
     void clickGutter(int line, int x = 4)
     {
-        QWidget *bar = access().lineNumber();
+        QWidget *bar = parts().lineNumber();
         QTest::mouseClick(bar, Qt::LeftButton, Qt::NoModifier,
                           QPoint(bar->width() - 16 + x, lineTop(line) + 2));
     }
@@ -234,7 +255,7 @@ public:
     {
         static const QMap<QChar, QString> files{
             {'e', "expanded"}, {'r', "right"}, {'E', "expanded2"}, {'R', "right2"}, {'-', ""}};
-        QWidget *bar = access().lineNumber();
+        QWidget *bar = parts().lineNumber();
         const QImage shot
             = bar->grab().toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied);
         QString out;

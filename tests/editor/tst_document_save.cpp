@@ -39,14 +39,14 @@ class DocumentSaveTest : public QObject
 
     // A document on the file `name` of the temporary folder, written with
     // `bytes` first unless they are null; an Untitled name has no file.
-    MdiChildEditorTestAccess open(const QString &name, const QByteArray &bytes = QByteArray())
+    DocumentParts open(const QString &name, const QByteArray &bytes = QByteArray())
     {
         doc = new MdiChildEditor(nullptr);
         if (!bytes.isNull())
             writeBytes(path(name), bytes);
         const bool untitled = name.startsWith(QLatin1String("Untitled"));
         doc->setFile(QFileInfo(untitled ? name : path(name)), untitled, false);
-        return MdiChildEditorTestAccess(doc);
+        return DocumentParts(doc);
     }
     // Answers the next file dialog with `target`, or cancels it.
     void answerFileDialog(const QString &target)
@@ -100,7 +100,7 @@ private slots:
         const QString name = c.value(QStringLiteral("name"));
         const QByteArray disk = c.value(QStringLiteral("disk")).toUtf8();
         writeBytes(path(name), disk);
-        MdiChildEditorTestAccess a = open(name);
+        DocumentParts a = open(name);
         QCOMPARE(a.editor()->toPlainText(), c.value(QStringLiteral("loaded")));
         QCOMPARE(doc->windowTitle(), name);
         QVERIFY(!a.didChange());
@@ -121,7 +121,7 @@ private slots:
 
     void untitledAsksForName()
     {
-        MdiChildEditorTestAccess a = open(QStringLiteral("Untitled1"));
+        DocumentParts a = open(QStringLiteral("Untitled1"));
         a.editor()->textCursor().insertText(QStringLiteral("echo 1\necho 2"));
         QSignalSpy titles(doc.data(), &MdiChildEditor::titleChanged);
         const QString chosen = path(QStringLiteral("chosen.ini"));
@@ -142,7 +142,7 @@ private slots:
     // marked as changed, and a close that wanted the save is refused.
     void failedSavesLoseNothing()
     {
-        MdiChildEditorTestAccess a = open(QStringLiteral("Untitled2"));
+        DocumentParts a = open(QStringLiteral("Untitled2"));
         doc->show();
         a.editor()->textCursor().insertText(QStringLiteral("precious"));
         answerFileDialog(QString());
@@ -176,7 +176,7 @@ private slots:
     void failedWriteKeepsOriginal()
     {
         const QByteArray original("alias keep { echo the original text }\r\n");
-        MdiChildEditorTestAccess a = open(QStringLiteral("keep.mrc"), original);
+        DocumentParts a = open(QStringLiteral("keep.mrc"), original);
         a.editor()->textCursor().insertText(QString(4096, QLatin1Char('x')));
         QString warning;
         answerBox(QMessageBox::Ok, &warning);
@@ -206,7 +206,7 @@ private slots:
     void writableFileInReadOnlyFolder()
     {
         QVERIFY(QDir(dir.path()).mkpath(QStringLiteral("locked")));
-        MdiChildEditorTestAccess a = open(QStringLiteral("locked/x.mrc"), "old");
+        DocumentParts a = open(QStringLiteral("locked/x.mrc"), "old");
         a.editor()->setPlainText(QStringLiteral("new\ntext"));
         const auto mode = [this](const char *name, mode_t m) {
             return chmod(QFile::encodeName(path(QString::fromLatin1(name))).constData(), m) == 0;
@@ -232,7 +232,7 @@ private slots:
     // as does undoing back to the saved text; read-only ignores Ctrl+S.
     void saveKeysAndTitle()
     {
-        MdiChildEditorTestAccess a = open(QStringLiteral("title.mrc"), "x");
+        DocumentParts a = open(QStringLiteral("title.mrc"), "x");
         QSignalSpy titles(doc.data(), &MdiChildEditor::titleChanged);
         const auto last = [&] {
             return titles.isEmpty() ? QString() : titles.last().at(1).toString();
@@ -276,7 +276,7 @@ private slots:
     void close()
     {
         QFETCH(int, answer);
-        MdiChildEditorTestAccess a = open(QStringLiteral("close.mrc"), "old");
+        DocumentParts a = open(QStringLiteral("close.mrc"), "old");
         doc->show();
         if (answer) {
             a.editor()->appendPlainText(QStringLiteral("new"));
@@ -305,7 +305,7 @@ private slots:
 
     void statusTexts()
     {
-        MdiChildEditorTestAccess a = open(QStringLiteral("Untitled3"));
+        DocumentParts a = open(QStringLiteral("Untitled3"));
         QCOMPARE(a.cursorStatus() + a.sizeStatus(), QStringLiteral("Ln 1, Col 1  Size: 0 B"));
         // Characters are counted, line ends among them; a tab is one column.
         a.editor()->setPlainText(QStringLiteral("first\n\tx\u00e9z\nlast"));

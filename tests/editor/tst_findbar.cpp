@@ -16,10 +16,10 @@ class FindBarTest : public QObject
 {
     Q_OBJECT
 
-    MdiChildEditorTestAccess makeDocument(const QString &text)
+    DocumentParts makeDocument(const QString &text)
     {
         doc = new MdiChildEditor(nullptr);
-        MdiChildEditorTestAccess a(doc);
+        DocumentParts a(doc);
         a.editor()->setPlainText(text);
         a.highlighter()->rehighlight();
         doc->show();
@@ -33,7 +33,7 @@ class FindBarTest : public QObject
     {
         QStringList out;
         for (const QTextEdit::ExtraSelection &s :
-             MdiChildEditorTestAccess(doc).editor()->extraSelections()) {
+             DocumentParts(doc).editor()->extraSelections()) {
             if (s.format.background() == QBrush(Qt::yellow))
                 out << QStringLiteral("%1:%2")
                            .arg(s.cursor.selectionStart())
@@ -44,7 +44,7 @@ class FindBarTest : public QObject
 
     QString selection() const
     {
-        const QTextCursor c = MdiChildEditorTestAccess(doc).editor()->textCursor();
+        const QTextCursor c = DocumentParts(doc).editor()->textCursor();
         return QStringLiteral("%1:%2")
             .arg(c.selectionStart())
             .arg(c.selectionEnd() - c.selectionStart());
@@ -53,11 +53,43 @@ class FindBarTest : public QObject
     QPushButton *button(const QString &text) const
     {
         for (QPushButton *b :
-             MdiChildEditorTestAccess(doc).searchBox()->findChildren<QPushButton *>()) {
+             DocumentParts(doc).searchBox()->findChildren<QPushButton *>()) {
             if (b->text() == text)
                 return b;
         }
         return nullptr;
+    }
+
+    // Chooses an entry of the mode button's menu (0 case, 1 pattern, 2
+    // whole words, 3 identifiers; -1 closes it) and returns the check marks
+    // it showed.
+    QString chooseFromModeMenu(int entry)
+    {
+        QString checked;
+        driver->on<QMenu>(
+            [&](QMenu *menu) {
+                for (QAction *act : menu->actions())
+                    checked += act->isChecked() ? QLatin1Char('1') : QLatin1Char('0');
+                if (entry >= 0)
+                    menu->setActiveAction(menu->actions().at(entry));
+                QTest::keyClick(menu, entry >= 0 ? Qt::Key_Return : Qt::Key_Escape);
+            },
+            true);
+        QToolButton *btn = DocumentParts(doc).searchLine()->findChild<QToolButton *>();
+        QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(2, 2),
+                                btn->mapToGlobal(QPoint(2, 2)));
+        QApplication::sendEvent(btn, &event);
+        return checked;
+    }
+
+    // From mode `from` to `to` (0 plain, then the entries' order) by the
+    // menu, which shows `from` checked unless it is plain or identifiers;
+    // choosing the current mode again turns it off.
+    void switchMode(int from, int to)
+    {
+        if (to != from)
+            QCOMPARE(chooseFromModeMenu(to ? to - 1 : from - 1).indexOf(QLatin1Char('1')),
+                     from == 4 ? -1 : from - 1);
     }
 
     QPointer<MdiChildEditor> doc;
@@ -78,7 +110,7 @@ private slots:
     // Ctrl+F, typing, Return, the buttons and Escape, as a user works the bar.
     void keysAndButtons()
     {
-        MdiChildEditorTestAccess a = makeDocument(QStringLiteral("ab xab\nabab\nba"));
+        DocumentParts a = makeDocument(QStringLiteral("ab xab\nabab\nba"));
         a.editor()->setFocus();
         QTextCursor c = a.editor()->textCursor();
         c.setPosition(5);
@@ -132,7 +164,7 @@ private slots:
         QString text;
         for (int i = 0; i < 6000; ++i)
             text += (i % 100 == 99) ? QStringLiteral("x\n") : QStringLiteral("x ");
-        MdiChildEditorTestAccess a = makeDocument(text);
+        DocumentParts a = makeDocument(text);
         a.searchLine()->setText(QStringLiteral("x"));
         const QStringList m = marks();
         QCOMPARE(m.size(), 5000);
@@ -151,8 +183,8 @@ private slots:
         const int mode = modes.indexOf(lines.value(0).section(QLatin1Char(' '), 0, 0));
         QVERIFY(mode >= 0);
 
-        MdiChildEditorTestAccess a = makeDocument(c.value(QStringLiteral("text")));
-        a.setSearchType(mode);
+        DocumentParts a = makeDocument(c.value(QStringLiteral("text")));
+        mode > 4 ? MdiChildEditorTestAccess(doc).setSearchType(mode) : switchMode(0, mode);
         a.searchLine()->setText(c.value(modes.at(mode)));
         if (c.contains(QStringLiteral("marks"))) {
             const QStringList expected
@@ -161,7 +193,7 @@ private slots:
             // Walking with "next" visits the same hits, then stays on the last.
             QStringList walked;
             for (int i = 0; i <= expected.size(); ++i) {
-                a.searchNext();
+                button(QStringLiteral("next"))->click();
                 if (!a.editor()->textCursor().hasSelection()
                     || walked.value(walked.size() - 1) == selection())
                     break;
@@ -198,8 +230,8 @@ private slots:
 
     void backward()
     {
-        MdiChildEditorTestAccess a = makeDocument(QStringLiteral("foo x foo x Foo\naa b aa"));
-        a.setSearchType(2);
+        DocumentParts a = makeDocument(QStringLiteral("foo x foo x Foo\naa b aa"));
+        switchMode(0, 2);
         // From the end: over the line end into the line before, then to the
         // first hit and no further; hits of no width are stepped over.
         const QList<QPair<QString, QStringList>> walks{{"/foo/i", {"12:3", "6:3", "0:3", "0:3"}},
@@ -208,18 +240,18 @@ private slots:
             a.searchLine()->setText(pattern);
             a.editor()->moveCursor(QTextCursor::End);
             for (const QString &hit : hits) {
-                a.searchPrev();
+                button(QStringLiteral("previous"))->click();
                 QCOMPARE(selection(), hit);
             }
         }
         // Backward, the identifier search finds nothing and the cursor stays.
         a.editor()->setPlainText(QStringLiteral("alias x {\n  echo $nick $nick\n}\n"));
         a.highlighter()->rehighlight();
-        a.setSearchType(4);
+        switchMode(2, 4);
         a.searchLine()->setText(QStringLiteral("nick"));
         QCOMPARE(marks().size(), 2);
         a.editor()->moveCursor(QTextCursor::End);
-        a.searchPrev();
+        button(QStringLiteral("previous"))->click();
         QCOMPARE(selection(), QStringLiteral("31:0"));
     }
 
@@ -238,28 +270,17 @@ private slots:
                             {1, 1, "1000", 2, "search_red"},    {0, 2, "0000", 3, "search_blue"},
                             {0, 3, "0000", 4, "search_orange"}, {4, 3, "0000", 0, "magnify"},
                             {3, 1, "0010", 2, "search_red"},    {2, -1, "0100", 2, "close"}};
-        MdiChildEditorTestAccess a = makeDocument(QStringLiteral("foo"));
-        a.openSearchBox();
+        DocumentParts a = makeDocument(QStringLiteral("foo"));
+        a.editor()->setFocus();
+        QTest::keyClick(a.editor(), Qt::Key_F, Qt::ControlModifier);
+        QVERIFY(a.searchBox()->isVisible());
+        int mode = 0; // each row's start is reached by the menu too
         for (const Row &row : rows) {
-            a.setSearchType(row.start);
+            switchMode(mode, row.start);
             a.searchLine()->setBtnIcon(QIcon(":/find/resources/img_assets/editor/find/close.png"),
                                        16, 16);
-            QString checked;
-            driver->on<QMenu>(
-                [&](QMenu *menu) {
-                    for (QAction *act : menu->actions())
-                        checked += act->isChecked() ? QLatin1Char('1') : QLatin1Char('0');
-                    if (row.choose >= 0)
-                        menu->setActiveAction(menu->actions().at(row.choose));
-                    QTest::keyClick(menu, row.choose >= 0 ? Qt::Key_Return : Qt::Key_Escape);
-                },
-                true);
-            QToolButton *btn = a.searchLine()->findChild<QToolButton *>();
-            QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(2, 2),
-                                    btn->mapToGlobal(QPoint(2, 2)));
-            QApplication::sendEvent(btn, &event);
-            QCOMPARE(checked, QString::fromLatin1(row.checked));
-            QCOMPARE(a.searchType(), row.mode);
+            QCOMPARE(chooseFromModeMenu(row.choose), QString::fromLatin1(row.checked));
+            mode = row.mode;
             QCOMPARE(a.searchLine()->btnIcon().pixmap(16, 16).toImage(),
                      QIcon(":/find/resources/img_assets/editor/find/"
                            + QString::fromLatin1(row.icon) + ".png")
@@ -267,6 +288,7 @@ private slots:
                          .toImage());
             QCOMPARE(marks(), QStringList());
         }
+        QCOMPARE(chooseFromModeMenu(-1), QStringLiteral("0100")); // still pattern
     }
 };
 

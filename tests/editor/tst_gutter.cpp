@@ -11,7 +11,7 @@ class GutterTest : public QObject
 {
     Q_OBJECT
 
-    QWidget *bar() const { return f->access().lineNumber(); }
+    QWidget *bar() const { return f->parts().lineNumber(); }
 
     std::unique_ptr<EditorFixture> f;
 
@@ -26,15 +26,15 @@ private slots:
     void marginFollowsDigits()
     {
         const int digit = f->editor->fontMetrics().horizontalAdvance(QLatin1Char('9'));
-        QCOMPARE(f->access().leftMargin(), digit + 3 + 18);
+        QCOMPARE(f->parts().leftMargin(), digit + 3 + 18);
         QStringList script;
         for (int i = 0; i < 99; ++i)
             script << QString("; line %1").arg(i);
         f->setScript(script, 98);
-        QCOMPARE(f->access().leftMargin(), 2 * digit + 3 + 18);
+        QCOMPARE(f->parts().leftMargin(), 2 * digit + 3 + 18);
         // Typing the line that crosses into the next digit widens the margin.
         f->key(Qt::Key_Return);
-        QCOMPARE(f->access().leftMargin(), 3 * digit + 3 + 18);
+        QCOMPARE(f->parts().leftMargin(), 3 * digit + 3 + 18);
         QCOMPARE(bar()->width(), 3 * digit + 3 + 18);
         f->editor->undo();
         f->editor->resize(500, 300);
@@ -77,7 +77,7 @@ private slots:
         plain.activateWindow();
         plain.setFocus(Qt::OtherFocusReason);
         QVERIFY(QTest::qWaitForWindowActive(&plain));
-        QWidget *gutter = MslTextEditorTestAccess(&plain).lineNumber();
+        QWidget *gutter = EditorParts(&plain).lineNumber();
         QVERIFY(!gutter->grab().isNull());
         QTest::mouseClick(gutter, Qt::LeftButton, Qt::NoModifier, QPoint(gutter->width() - 12, 4));
         QVERIFY(plain.document()->findBlockByNumber(1).isVisible());

@@ -33,11 +33,11 @@ private slots:
         QTRY_VERIFY(f->editor->hasFocus());
         QTest::mouseMove(f->editor->viewport(), QPoint(1, 1));
         QTest::mouseMove(f->editor->viewport(), f->editor->cursorRect().center());
-        QTRY_VERIFY(f->access().timerHover() && f->access().timerHover()->isActive());
+        QTRY_VERIFY(f->parts().timerHover() && f->parts().timerHover()->isActive());
         other.activateWindow();
         other.setFocus(Qt::OtherFocusReason);
         QTRY_VERIFY(!f->editor->hasFocus());
-        QVERIFY(!f->access().timerHover()->isActive());
+        QVERIFY(!f->parts().timerHover()->isActive());
     }
 
     void readOnlyHasNoLineTint()

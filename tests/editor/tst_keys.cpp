@@ -30,8 +30,8 @@ class KeysTest : public QObject
                 const QRect r = f.editor->cursorRect();
                 QTest::mouseMove(f.editor->viewport(), QPoint(1, 1));
                 QTest::mouseMove(f.editor->viewport(), QPoint(r.left() + 3, r.center().y()));
-                QTRY_VERIFY(f.access().timerHover() && f.access().timerHover()->isActive());
-                QTRY_VERIFY(!f.access().timerHover()->isActive());
+                QTRY_VERIFY(f.parts().timerHover() && f.parts().timerHover()->isActive());
+                QTRY_VERIFY(!f.parts().timerHover()->isActive());
                 continue;
             }
             if (name.startsWith(QLatin1String("Click "))) {
@@ -96,7 +96,7 @@ class KeysTest : public QObject
         }
         QCompleter *shown = nullptr;
         const QStringList names{"com", "prop", "ident", "color"};
-        const QList<QCompleter *> completers = f.access().completers();
+        const QList<QCompleter *> completers = f.parts().completers();
         QStringList open;
         for (int i = 0; i < completers.size(); ++i) {
             if (completers.at(i)->popup()->isVisible())

@@ -16,8 +16,8 @@ class ObjTreeTest : public QObject
     {
         doc = new MdiChildEditor(nullptr);
         MdiChildEditorTestAccess a(doc);
-        a.editor()->setPlainText(text);
-        a.highlighter()->rehighlight();
+        doc->getEditor()->setPlainText(text);
+        doc->getHighlighter()->rehighlight();
         if (!panel)
             return a;
         auto *box = new QDockWidget(QStringLiteral("Objects"), doc);
@@ -79,14 +79,14 @@ private slots:
                               "events|start|12|Line: 12;Multi-Line: false"}));
         tree->setCurrentItem(branches[1]->child(0));
         a.compClicked();
-        QCOMPARE(a.editor()->textCursor().blockNumber(), 10);
+        QCOMPARE(doc->getEditor()->textCursor().blockNumber(), 10);
         // A child row has no line, and with nothing selected nothing moves.
-        a.editor()->moveCursor(QTextCursor::Start);
+        doc->getEditor()->moveCursor(QTextCursor::Start);
         tree->setCurrentItem(branches[1]->child(0)->child(0));
         a.compClicked();
         tree->clearSelection();
         a.compClicked();
-        QCOMPARE(a.editor()->textCursor().blockNumber(), 0);
+        QCOMPARE(doc->getEditor()->textCursor().blockNumber(), 0);
     }
 
     void withoutShownPanelNothingChanges()
