@@ -23,8 +23,10 @@ QString loadScriptText(const QFileInfo &fileName)
     return readScriptText(file, isIniScriptName(fileName.fileName()));
 }
 
-QString readScriptText(QIODevice &device, bool ini)
+QString readScriptText(QIODevice &device, bool ini, QVector<IniLineOrigin> *origins)
 {
+    if (origins)
+        origins->clear();
     QTextStream stream(&device);
     stream.setEncoding(QStringConverter::Utf8);
 
@@ -35,13 +37,14 @@ QString readScriptText(QIODevice &device, bool ini)
     // whatever the key was. Every line ends in a line feed, so the text
     // ends with an empty last line.
     QString doc;
-    while (!stream.atEnd()) {
+    for (int number = 0; !stream.atEnd(); ++number) {
         QString line = stream.readLine();
         if (!line.isEmpty() && line.at(0) == QLatin1Char('['))
             continue;
-        const int eq = line.indexOf(QLatin1Char('='));
-        if (eq >= 0)
-            line.remove(0, eq + 1);
+        const int cut = int(line.indexOf(QLatin1Char('='))) + 1;
+        line.remove(0, cut);
+        if (origins)
+            origins->append({number, cut});
         doc += line;
         doc += QLatin1Char('\n');
     }

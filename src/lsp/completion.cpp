@@ -139,21 +139,26 @@ QJsonArray Completion::items(const LspDocument &document, const TextPosition &at
     const QString text = block.text();
     const int pos = qBound(0, at.character, int(text.size()));
     const QString left = text.left(pos);
-    const int line = block.blockNumber();
+    // The text from `from` to the cursor, in the client's text.
+    const TextPosition origin = document.toClient({block.blockNumber(), 0});
+    const auto replacing = [&](int from) {
+        return Span{origin.line, origin.character + from, origin.character + pos};
+    };
 
     QRegularExpressionMatch m = colourTail.match(left);
     if (m.hasMatch())
-        return colourCodes({line, int(m.capturedStart(0)), pos});
+        return colourCodes(replacing(int(m.capturedStart(0))));
     m = propertyTail.match(left);
     if (m.hasMatch())
-        return properties(block, int(m.capturedStart(1)) - 1, {line, int(m.capturedStart(1)), pos});
+        return properties(block, int(m.capturedStart(1)) - 1,
+                          replacing(int(m.capturedStart(1))));
     m = identTail.match(left);
     if (m.hasMatch())
-        return identifiers(document, {line, int(m.capturedStart(0)), pos});
+        return identifiers(document, replacing(int(m.capturedStart(0))));
     const int word = progIdWordStart(left);
     if (word >= 0) {
         std::unique_ptr<QAbstractItemModel> model(MslInfo::getComProIds(nullptr));
-        return fromModel(model.get(), ClassKind, {line, word, pos}, QStringLiteral("COM ProgID"));
+        return fromModel(model.get(), ClassKind, replacing(word), QStringLiteral("COM ProgID"));
     }
     return {};
 }

@@ -12,7 +12,8 @@ struct TextPosition;
 // after `$`, and the COM ProgIDs in the third word of `comopen`.
 namespace Completion {
 
-// CompletionItems for `at`; empty where the editor offers nothing.
+// CompletionItems for `at`, a place in the analysed text; empty where the
+// editor offers nothing.
 QJsonArray items(const LspDocument &document, const TextPosition &at);
 
 } // namespace Completion

@@ -28,7 +28,7 @@ Severity severityOf(int kind)
     }
 }
 
-QByteArray diagnostic(const DocumentReport &r, const QString &text)
+QByteArray diagnostic(const DocumentReport &r, const QString &text, const TextPosition &origin)
 {
     const int start = qBound(0, r.column, int(text.size()));
     int end = start;
@@ -37,7 +37,8 @@ QByteArray diagnostic(const DocumentReport &r, const QString &text)
 
     const Severity severity = severityOf(r.type);
     QJsonObject d;
-    d.insert(QStringLiteral("range"), LspJson::range(r.line, start, end));
+    d.insert(QStringLiteral("range"), LspJson::range(origin.line, origin.character + start,
+                                                     origin.character + end));
     d.insert(QStringLiteral("severity"), severity);
     d.insert(QStringLiteral("source"), QStringLiteral("tarnwick"));
     d.insert(QStringLiteral("message"), severity == Hint
@@ -61,9 +62,12 @@ QByteArray DiagnosticList::json(const LspDocument &document)
         for (; line < r.line && block.next().isValid(); ++line)
             block = block.next();
         Entry entry = entries.take(r.id);
-        if (entry.line != r.line) {
+        const TextPosition origin = document.toClient({r.line, 0});
+        if (entry.line != r.line || entry.origin.line != origin.line
+            || entry.origin.character != origin.character) {
             entry.line = r.line;
-            entry.json = diagnostic(r, block.text());
+            entry.origin = origin;
+            entry.json = diagnostic(r, block.text(), origin);
         }
         if (out.size() > 1)
             out += ',';

@@ -1,10 +1,10 @@
 #ifndef DIAGNOSTICS_H
 #define DIAGNOSTICS_H
 
+#include "lspdocument.h"
+
 #include <QByteArray>
 #include <QHash>
-
-class LspDocument;
 
 // The analyser's reports as a client's diagnostics: every standing report
 // of a document, by line and column. A report marks the token it starts
@@ -14,7 +14,8 @@ class LspDocument;
 //
 // A document is published whole after every change, but an edit changes
 // few of its reports: each diagnostic is kept as JSON text and made again
-// only for a new report or one whose line has moved.
+// only for a new report or one whose line has moved, in the analysed text
+// or in the client's.
 class DiagnosticList
 {
 public:
@@ -25,6 +26,7 @@ private:
     struct Entry
     {
         int line = -1;
+        TextPosition origin; // where the line starts in the client's text
         QByteArray json;
     };
     QHash<int, Entry> entries; // by report id

@@ -89,8 +89,10 @@ QJsonValue LanguageHelp::hover(const LspDocument &document, const TextPosition &
                     QStringLiteral("```\n") + syntax + QStringLiteral("\n```"));
     QJsonObject hover;
     hover.insert(QStringLiteral("contents"), contents);
+    const TextPosition start = document.toClient({block.blockNumber(), id->start});
     hover.insert(QStringLiteral("range"),
-                 LspJson::range(block.blockNumber(), id->start, id->start + id->name.size()));
+                 LspJson::range(start.line, start.character,
+                                start.character + int(id->name.size())));
     return hover;
 }
 

@@ -7,7 +7,8 @@ class LspDocument;
 struct TextPosition;
 
 // What the editor shows about the identifier under the cursor: its syntax
-// as a hover, and as a call tip with the argument being typed.
+// as a hover, and as a call tip with the argument being typed. `at` is a
+// place in the analysed text.
 namespace LanguageHelp {
 
 // A Hover for the `$ident(` at `at`, or null.

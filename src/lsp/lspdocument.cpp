@@ -29,16 +29,6 @@ void applyEdit(QTextDocument *doc, int from, int to, const QString &text)
     cursor.insertText(text);
 }
 
-QString iniForm(const QTextDocument &source)
-{
-    QString raw = source.toRawText();
-    raw.replace(QChar::ParagraphSeparator, QLatin1Char('\n'));
-    QByteArray bytes = raw.toUtf8();
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::ReadOnly);
-    return readScriptText(buffer, true);
-}
-
 } // namespace
 
 LspDocument::LspDocument(const QString &uri, const QString &path, const QString &text,
@@ -70,7 +60,7 @@ void LspDocument::replaceAll(const QString &text)
 {
     if (iniSource) {
         iniSource->setPlainText(text);
-        setAnalysedText(iniForm(*iniSource));
+        readIniSource();
     } else {
         setAnalysedText(text);
     }
@@ -92,7 +82,57 @@ void LspDocument::replaceRange(const TextRange &range, const QString &text)
         std::swap(from, to);
     applyEdit(target, from, to, text);
     if (iniSource)
-        setAnalysedText(iniForm(*iniSource));
+        readIniSource();
+}
+
+void LspDocument::readIniSource()
+{
+    QString raw = iniSource->toRawText();
+    raw.replace(QChar::ParagraphSeparator, QLatin1Char('\n'));
+    QByteArray bytes = raw.toUtf8();
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    const QString text = readScriptText(buffer, true, &origins);
+    // The reading takes a byte order mark for no character of the line.
+    if (raw.startsWith(QChar(0xfeff)) && !origins.isEmpty() && origins.first().line == 0)
+        ++origins.first().cut;
+    // The empty line the form ends with stands for the end of the text.
+    const QTextBlock last = iniSource->lastBlock();
+    origins.append({last.blockNumber(), last.length() - 1});
+    setAnalysedText(text);
+}
+
+TextPosition LspDocument::toClient(const TextPosition &analysed) const
+{
+    if (!iniSource || origins.isEmpty())
+        return analysed;
+    const IniLineOrigin &origin = origins.at(qBound(0, analysed.line, int(origins.size()) - 1));
+    return {origin.line, analysed.character + origin.cut};
+}
+
+std::optional<TextPosition> LspDocument::toAnalysed(const TextPosition &client) const
+{
+    if (!iniSource)
+        return client;
+    const auto it = std::lower_bound(
+        origins.cbegin(), origins.cend(), client.line,
+        [](const IniLineOrigin &origin, int line) { return origin.line < line; });
+    if (it == origins.cend() || it->line != client.line || client.character < it->cut)
+        return std::nullopt;
+    return TextPosition{int(it - origins.cbegin()), client.character - it->cut};
+}
+
+std::pair<int, int> LspDocument::analysedLines(int first, int last) const
+{
+    if (!iniSource)
+        return {first, last};
+    const auto from = std::lower_bound(
+        origins.cbegin(), origins.cend(), first,
+        [](const IniLineOrigin &origin, int line) { return origin.line < line; });
+    const auto to = std::upper_bound(
+        origins.cbegin(), origins.cend(), last,
+        [](int line, const IniLineOrigin &origin) { return line < origin.line; });
+    return {int(from - origins.cbegin()), int(to - origins.cbegin()) - 1};
 }
 
 QTextBlock LspDocument::blockAt(int line) const

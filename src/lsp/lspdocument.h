@@ -1,6 +1,8 @@
 #ifndef LSPDOCUMENT_H
 #define LSPDOCUMENT_H
 
+#include "scriptfile.h"
+
 #include <QHash>
 #include <QObject>
 #include <QString>
@@ -8,6 +10,8 @@
 #include <QVector>
 
 #include <memory>
+#include <optional>
+#include <utility>
 
 class MslSyntaxHighlighter;
 class QTextDocument;
@@ -47,8 +51,10 @@ struct DocumentReport
 // A script stored as INI ("*.ini", any case) is analysed in the form the
 // editor shows: its section headers dropped and its "key=" heads cut off.
 // Its edits are applied to the client's text and the whole converted text
-// is read again; positions in requests and answers then refer to that
-// converted text, as the lines of the editor's tab do.
+// is read again. The client knows only its own text, so every place the
+// features answer with goes through toClient(), and every place they are
+// asked about through toAnalysed(); for any other script both keep the
+// place as it is.
 class LspDocument : public QObject
 {
     Q_OBJECT
@@ -73,7 +79,16 @@ public:
     // The document position of a text position, clamped into the text.
     static int positionIn(const QTextDocument *doc, const TextPosition &at);
 
-    // Every standing report, by line and column.
+    // Where a place in the analysed text stands in the client's text.
+    TextPosition toClient(const TextPosition &analysed) const;
+    // Where a place in the client's text stands in the analysed text;
+    // nothing for a place the analysis never sees: a section line, a key.
+    std::optional<TextPosition> toAnalysed(const TextPosition &client) const;
+    // The analysed lines within the client's lines `first` to `last`, both
+    // included; the first is past the second when there are none.
+    std::pair<int, int> analysedLines(int first, int last) const;
+
+    // Every standing report, by line and column, in the analysed text.
     QVector<DocumentReport> reports() const;
     int reportCount() const { return int(standing.size()); }
 
@@ -82,6 +97,7 @@ private:
                        int type, QString err, int &errId);
     void onRemoveError(QVector<int> &errIds);
     void setAnalysedText(const QString &text);
+    void readIniSource();
 
     QString documentUri;
     int documentVersion = 0;
@@ -89,6 +105,8 @@ private:
     MslSyntaxHighlighter *highlighter = nullptr;
     // The client's own text of an INI script; null for any other.
     std::unique_ptr<QTextDocument> iniSource;
+    // For an INI script, the origin of each analysed line, the last too.
+    QVector<IniLineOrigin> origins;
     QHash<int, DocumentReport> standing;
     int lastId = 0;
 };

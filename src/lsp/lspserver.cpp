@@ -51,38 +51,43 @@ LspServer::LspServer(QObject *parent)
                     [this](const QJsonObject &p) { return initialize(p); });
     requests.insert(QStringLiteral("shutdown"),
                     [this](const QJsonObject &p) { return shutdown(p); });
+    // A place with no analysed text (an INI script's section line or key)
+    // has nothing to show or offer.
     requests.insert(QStringLiteral("textDocument/hover"),
-                    onDocument([](LspDocument &d, const QJsonObject &p) {
-                        return LanguageHelp::hover(d, positionOf(p));
+                    onDocument([](LspDocument &d, const QJsonObject &p) -> QJsonValue {
+                        const auto at = d.toAnalysed(positionOf(p));
+                        return at ? LanguageHelp::hover(d, *at) : QJsonValue::Null;
                     }));
     requests.insert(QStringLiteral("textDocument/signatureHelp"),
-                    onDocument([](LspDocument &d, const QJsonObject &p) {
-                        return LanguageHelp::signatureHelp(d, positionOf(p));
+                    onDocument([](LspDocument &d, const QJsonObject &p) -> QJsonValue {
+                        const auto at = d.toAnalysed(positionOf(p));
+                        return at ? LanguageHelp::signatureHelp(d, *at) : QJsonValue::Null;
                     }));
     requests.insert(QStringLiteral("textDocument/completion"),
                     onDocument([](LspDocument &d, const QJsonObject &p) -> QJsonValue {
-                        return Completion::items(d, positionOf(p));
+                        const auto at = d.toAnalysed(positionOf(p));
+                        return at ? Completion::items(d, *at) : QJsonArray();
                     }));
     requests.insert(QStringLiteral("textDocument/foldingRange"),
                     onDocument([](LspDocument &d, const QJsonObject &) -> QJsonValue {
-                        return Outline::foldingRanges(*d.textDocument());
+                        return Outline::foldingRanges(d);
                     }));
     requests.insert(QStringLiteral("textDocument/documentSymbol"),
                     onDocument([](LspDocument &d, const QJsonObject &) -> QJsonValue {
-                        return Outline::symbols(*d.textDocument());
+                        return Outline::symbols(d);
                     }));
     requests.insert(QStringLiteral("textDocument/semanticTokens/full"),
                     onDocument([](LspDocument &d, const QJsonObject &) -> QJsonValue {
-                        const QTextDocument &text = *d.textDocument();
-                        return QJsonObject{{QStringLiteral("data"),
-                                            SemanticTokens::encode(text, 0, text.blockCount())}};
+                        return QJsonObject{
+                            {QStringLiteral("data"),
+                             SemanticTokens::encode(d, 0, d.textDocument()->blockCount())}};
                     }));
     requests.insert(QStringLiteral("textDocument/semanticTokens/range"),
                     onDocument([](LspDocument &d, const QJsonObject &p) -> QJsonValue {
                         const TextRange r = LspJson::toRange(p.value(QStringLiteral("range")));
+                        const auto lines = d.analysedLines(r.start.line, r.end.line);
                         return QJsonObject{{QStringLiteral("data"),
-                                            SemanticTokens::encode(*d.textDocument(),
-                                                                   r.start.line, r.end.line)}};
+                                            SemanticTokens::encode(d, lines.first, lines.second)}};
                     }));
 
     notifications.insert(QStringLiteral("textDocument/didOpen"),

@@ -1,5 +1,6 @@
 #include "outline.h"
 
+#include "lspdocument.h"
 #include "lspjson.h"
 #include "msltextedit.h"
 
@@ -66,22 +67,32 @@ QString groupName(const QTextBlock &block)
     return blank < 0 ? text : text.left(blank);
 }
 
-QJsonObject symbol(const QString &name, const QString &detail, SymbolKind kind, int line,
-                   int endLine, int endCharacter, int nameStart, int nameEnd)
+QJsonObject range(const LspDocument &document, int line, int character, int endLine,
+                  int endCharacter)
+{
+    const TextPosition start = document.toClient({line, character});
+    const TextPosition end = document.toClient({endLine, endCharacter});
+    return LspJson::range(start.line, start.character, end.line, end.character);
+}
+
+QJsonObject symbol(const LspDocument &document, const QString &name, const QString &detail,
+                   SymbolKind kind, int line, int endLine, int endCharacter, int nameStart,
+                   int nameEnd)
 {
     QJsonObject o;
     o.insert(QStringLiteral("name"), name.isEmpty() ? QStringLiteral("?") : name);
     o.insert(QStringLiteral("detail"), detail);
     o.insert(QStringLiteral("kind"), kind);
-    o.insert(QStringLiteral("range"), LspJson::range(line, 0, endLine, endCharacter));
-    o.insert(QStringLiteral("selectionRange"), LspJson::range(line, nameStart, nameEnd));
+    o.insert(QStringLiteral("range"), range(document, line, 0, endLine, endCharacter));
+    o.insert(QStringLiteral("selectionRange"), range(document, line, nameStart, line, nameEnd));
     return o;
 }
 
 } // namespace
 
-QJsonArray Outline::foldingRanges(const QTextDocument &document)
+QJsonArray Outline::foldingRanges(const LspDocument &lspDocument)
 {
+    const QTextDocument &document = *lspDocument.textDocument();
     QJsonArray ranges;
     for (QTextBlock block = document.firstBlock(); block.isValid(); block = block.next()) {
         if (!opensFold(block, recordOf(block)))
@@ -91,16 +102,17 @@ QJsonArray Outline::foldingRanges(const QTextDocument &document)
         if (end <= start)
             continue;
         QJsonObject range;
-        range.insert(QStringLiteral("startLine"), start);
-        range.insert(QStringLiteral("endLine"), end);
+        range.insert(QStringLiteral("startLine"), lspDocument.toClient({start, 0}).line);
+        range.insert(QStringLiteral("endLine"), lspDocument.toClient({end, 0}).line);
         range.insert(QStringLiteral("kind"), QStringLiteral("region"));
         ranges.append(range);
     }
     return ranges;
 }
 
-QJsonArray Outline::symbols(const QTextDocument &document)
+QJsonArray Outline::symbols(const LspDocument &lspDocument)
 {
+    const QTextDocument &document = *lspDocument.textDocument();
     QJsonArray top;
     QJsonObject group;
     QJsonArray members;
@@ -127,8 +139,8 @@ QJsonArray Outline::symbols(const QTextDocument &document)
             groupEnd = foldEnd(block);
             const QString name = groupName(block);
             const QTextBlock last = document.findBlockByNumber(groupEnd);
-            group = symbol(name, QStringLiteral("group"), NamespaceKind, line, groupEnd,
-                           last.length() - 1, block.text().indexOf(name),
+            group = symbol(lspDocument, name, QStringLiteral("group"), NamespaceKind, line,
+                           groupEnd, last.length() - 1, block.text().indexOf(name),
                            block.text().indexOf(name) + name.size());
             continue;
         }
@@ -165,7 +177,8 @@ QJsonArray Outline::symbols(const QTextDocument &document)
         const int nameEnd = qBound(nameStart, nameStart + int(data->containedBlock.size()),
                                    block.length() - 1);
         const QJsonObject entry =
-            symbol(name, detail, kind, line, end, last.length() - 1, nameStart, nameEnd);
+            symbol(lspDocument, name, detail, kind, line, end, last.length() - 1, nameStart,
+                   nameEnd);
         if (!group.isEmpty() && line <= groupEnd)
             members.append(entry);
         else

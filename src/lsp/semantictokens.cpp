@@ -1,6 +1,7 @@
 #include "semantictokens.h"
 
 #include "devsettings.h"
+#include "lspdocument.h"
 
 #include <QStringList>
 #include <QTextBlock>
@@ -80,12 +81,12 @@ QJsonObject SemanticTokens::legend()
     return o;
 }
 
-QJsonArray SemanticTokens::encode(const QTextDocument &document, int firstLine, int lastLine)
+QJsonArray SemanticTokens::encode(const LspDocument &document, int firstLine, int lastLine)
 {
     QJsonArray data;
     int previousLine = 0;
     int previousStart = 0;
-    QTextBlock block = document.findBlockByNumber(qMax(0, firstLine));
+    QTextBlock block = document.textDocument()->findBlockByNumber(qMax(0, firstLine));
     for (int line = block.blockNumber(); block.isValid() && line <= lastLine;
          block = block.next(), ++line) {
         const QTextLayout *layout = block.layout();
@@ -98,14 +99,15 @@ QJsonArray SemanticTokens::encode(const QTextDocument &document, int firstLine, 
             const int length = qMin(range.length, block.length() - 1 - range.start);
             if (!token || range.start < 0 || length <= 0)
                 continue;
-            const int deltaLine = line - previousLine;
+            const TextPosition at = document.toClient({line, range.start});
+            const int deltaLine = at.line - previousLine;
             data.append(deltaLine);
-            data.append(deltaLine == 0 ? range.start - previousStart : range.start);
+            data.append(deltaLine == 0 ? at.character - previousStart : at.character);
             data.append(length);
             data.append(token->type);
             data.append(token->modifiers);
-            previousLine = line;
-            previousStart = range.start;
+            previousLine = at.line;
+            previousStart = at.character;
         }
     }
     return data;

@@ -4,7 +4,7 @@
 #include <QJsonArray>
 #include <QJsonObject>
 
-class QTextDocument;
+class LspDocument;
 
 // The analyser's colours as semantic tokens: each format range the
 // highlighter left on a line becomes a token of the type its format
@@ -15,8 +15,9 @@ namespace SemanticTokens {
 // The SemanticTokensLegend the tokens refer to.
 QJsonObject legend();
 
-// The encoded tokens of lines `firstLine` to `lastLine`, both included.
-QJsonArray encode(const QTextDocument &document, int firstLine, int lastLine);
+// The encoded tokens of the analysed lines `firstLine` to `lastLine`, both
+// included, at their places in the client's text.
+QJsonArray encode(const LspDocument &document, int firstLine, int lastLine);
 
 } // namespace SemanticTokens
 

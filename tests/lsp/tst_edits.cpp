@@ -107,7 +107,6 @@ private slots:
         QTest::newRow("sample") << QStringLiteral(TARNWICK_TEST_DATA_DIR "/sample.mrc");
         QTest::newRow("kinds") << QStringLiteral(TARNWICK_SOURCE_DIR "/tests/lint/data/kinds.mrc");
         QTest::newRow("example") << QStringLiteral(TARNWICK_SOURCE_DIR "/examples/awaykit.mrc");
-        QTest::newRow("ini") << QStringLiteral(TARNWICK_SOURCE_DIR "/tests/lint/data/script.ini");
     }
 
     void openMatchesLint()
@@ -153,10 +152,6 @@ private slots:
         row("carriage returns", mrc, broken,
             "[[3,0,3,0,\"alias z {\\r\\n  echo $calc(\\r\\n}\\r\\n\"]]",
             broken + QStringLiteral("alias z {\n  echo $calc(\n}\n"));
-        const QString ini = QStringLiteral("[script]\nn0=alias x {\nn1=  echo $calc(1 +\nn2=}\n");
-        row("ini section added", QStringLiteral("s.ini"), ini,
-            "[[0,0,0,0,\"[more]\\nn9=rem x\\n\"]]",
-            "[more]\nn9=rem x\n" + ini);
     }
 
     void editsMatchFreshOpen()
@@ -179,6 +174,74 @@ private slots:
         const QStringList expected = linted(after, name);
         QVERIFY(first != expected);
         QCOMPARE(diagnosticLines(published), expected);
+    }
+
+    // An INI script's diagnostics are the lint's reports on the client's
+    // text: each at its script line's place in the file's line, and the
+    // requests answer there too. Each row: a key ("[...]" for a section
+    // line) and the script text that follows it.
+    void iniPlaces()
+    {
+        QList<QPair<QString, QString>> rows = {
+            {"[script]", ""}, {"n0=", "alias x {"}, {"n12345=", "  echo $calc(1 +"},
+            {"[second section]", ""}, {"n2=", "  echo $c"}, {"n3=", "  echo $calc(3)"},
+            {"", "; todo: t"}, {"n4=", "a=b"}, {"n77=", "}"}};
+        const QString uri = QStringLiteral("file:///places/s.ini");
+        LspClient client;
+        client.initialize();
+        for (bool edited : {false, true}) {
+            QString raw;
+            QStringList script;
+            QList<int> rawLine;
+            for (const auto &row : std::as_const(rows)) {
+                if (!row.first.startsWith(QLatin1Char('['))) {
+                    script << row.second;
+                    rawLine << int(raw.count(QLatin1Char('\n')));
+                }
+                raw += row.first + row.second + QLatin1Char('\n');
+            }
+            const QStringList lines = raw.split(QLatin1Char('\n'));
+            QStringList expected;
+            for (const QString &report : linted(raw, QStringLiteral("s.ini"))) {
+                const QStringList place = report.section(QLatin1Char(':'), 0, 1).split(u':');
+                const int n = place[0].toInt() - 1;
+                const int column = place[1].toInt();
+                // The empty line after the script's last is the file's last.
+                const int line = n < script.size() ? rawLine[n] : int(lines.size()) - 1;
+                const int at = n < script.size() ? int(lines[line].lastIndexOf(script[n])) : 0;
+                expected << QStringLiteral("%1:%2:").arg(line + 1).arg(at + column)
+                                + report.section(QLatin1Char(':'), 2);
+            }
+            std::sort(expected.begin(), expected.end());
+            QVERIFY(!expected.isEmpty());
+            const QJsonArray published = edited
+                ? client.change(uri, {LspClient::change(0, 0, 0, 0, "[top]\nn9=rem x\n")})
+                : client.open(uri, raw);
+            QCOMPARE(diagnosticLines(published), expected);
+
+            // Asked on "$calc", at the end of "$c", and on the section line,
+            // whose number in the script first holds a "$calc" too.
+            const int calc = rawLine[script.indexOf(QStringLiteral("  echo $calc(1 +"))];
+            const QJsonObject hover = client.at(QStringLiteral("textDocument/hover"), uri, calc,
+                                                int(lines[calc].indexOf("$calc")) + 2)[u"result"]
+                                          .toObject();
+            QCOMPARE(hover[u"range"][u"start"][u"line"].toInt(), calc);
+            QCOMPARE(lines[calc].mid(hover[u"range"][u"start"][u"character"].toInt(), 5),
+                     QStringLiteral("$calc"));
+            const int typed = rawLine[script.indexOf(QStringLiteral("  echo $c"))];
+            const QJsonArray items = client.at(QStringLiteral("textDocument/completion"), uri,
+                                               typed, int(lines[typed].size()))[u"result"]
+                                         .toArray();
+            QVERIFY(!items.isEmpty());
+            const QJsonObject start = items[0][u"textEdit"][u"range"][u"start"].toObject();
+            QCOMPARE(start[u"line"].toInt(), typed);
+            QCOMPARE(lines[typed].mid(start[u"character"].toInt()), QStringLiteral("$c"));
+            const int section = int(lines.indexOf(QStringLiteral("[second section]")));
+            QVERIFY(client.at(QStringLiteral("textDocument/hover"), uri, section, 9)[u"result"]
+                        .isNull());
+            rows.prepend({"n9=", "rem x"});
+            rows.prepend({"[top]", ""});
+        }
     }
 
     // Random edits, seeded, in and across lines: after each, the state of
