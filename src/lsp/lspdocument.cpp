@@ -68,7 +68,26 @@ void LspDocument::replaceAll(const QString &text)
 
 void LspDocument::setAnalysedText(const QString &text)
 {
-    applyEdit(document.get(), 0, document->characterCount() - 1, text);
+    // Only the stretch that differs goes in: an INI script is read again
+    // whole after every change, and must still be analysed again only
+    // where it changed.
+    QString old = document->toRawText();
+    old.replace(QChar::ParagraphSeparator, QLatin1Char('\n'));
+    const int shorter = int(qMin(old.size(), text.size()));
+    int head = 0;
+    while (head < shorter && old.at(head) == text.at(head))
+        ++head;
+    int tail = 0;
+    while (tail < shorter - head
+           && old.at(old.size() - 1 - tail) == text.at(text.size() - 1 - tail))
+        ++tail;
+    // A surrogate pair is never cut in two.
+    if (head > 0 && text.at(head - 1).isHighSurrogate())
+        --head;
+    if (tail > 0 && text.at(text.size() - tail).isLowSurrogate())
+        --tail;
+    applyEdit(document.get(), head, int(old.size()) - tail,
+              text.mid(head, text.size() - head - tail));
 }
 
 void LspDocument::replaceRange(const TextRange &range, const QString &text)

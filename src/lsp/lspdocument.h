@@ -51,7 +51,8 @@ struct DocumentReport
 // A script stored as INI ("*.ini", any case) is analysed in the form the
 // editor shows: its section headers dropped and its "key=" heads cut off.
 // Its edits are applied to the client's text and the whole converted text
-// is read again. The client knows only its own text, so every place the
+// is read again; only the stretch of it that differs goes into the
+// analysed document. The client knows only its own text, so every place the
 // features answer with goes through toClient(), and every place they are
 // asked about through toAnalysed(); for any other script both keep the
 // place as it is.
