@@ -1,6 +1,6 @@
 // The knowledge base the analyser and the editor look things up in:
 // commands, argument checks and call tips (the last two from case files in
-// data/), and the completion lists with their order and icons.
+// data/), and the completion lists with their order, colours and icons.
 
 #include "analyserharness.h"
 #include "mslinfo.h"
@@ -129,6 +129,44 @@ private slots:
     {
         QFETCH(QStringList, row);
         QCOMPARE(MslInfo::getIdentSyntaxAt(row.at(0), row.at(1).toInt()), row.at(2));
+    }
+
+    void progIds()
+    {
+        QObject owner;
+        QAbstractItemModel *model = MslInfo::getComProIds(&owner);
+        const QStringList all = texts(model);
+        QCOMPARE(all.size(), 91);
+        // Every row has its picture; WScript.Shell and Shell.Application share one.
+        for (int r = 0; r < 91; ++r)
+            QVERIFY2(!iconAt(model, r).isNull(), qPrintable(all.at(r)));
+        QCOMPARE(all.first(), QStringLiteral("WScript.Shell"));
+        QVERIFY(iconAt(model, 0)
+                == iconAt(model, all.indexOf(QStringLiteral("Shell.Application"))));
+        QVERIFY(iconAt(model, 0) != iconAt(model, 1));
+    }
+
+    void colourCodes()
+    {
+        const QChar ctrlK(0x03);
+        QObject owner;
+        QAbstractItemModel *model = MslInfo::getColorCodes(&owner);
+        const QStringList all = texts(model);
+        QCOMPARE(QSet<QString>(all.cbegin(), all.cend()).size(), 702);
+        // Joined and cut at the control character again: each row starts with it.
+        QCOMPARE(QStringList(all.mid(0, 10) << all.last())
+                     .join(QString())
+                     .split(ctrlK, Qt::SkipEmptyParts),
+                 QStringLiteral("00 0 00,00 0,00 0,0 00,0 00,01 0,01 0,1 00,1 15,15")
+                     .split(QLatin1Char(' ')));
+        auto data = [&](const char *code, int role) {
+            return model->index(all.indexOf(ctrlK + QLatin1String(code)), 0).data(role);
+        };
+        QCOMPARE(data("4,12", Qt::ForegroundRole).value<QBrush>().color(), QColor(255, 0, 0));
+        QCOMPARE(data("4,12", Qt::BackgroundRole).value<QBrush>().color(), QColor(0, 0, 252));
+        QCOMPARE(data("15", Qt::ForegroundRole).value<QBrush>().color(), QColor(210, 210, 210));
+        QVERIFY(!data("15", Qt::BackgroundRole).isValid());
+        QVERIFY(data("07,3", Qt::FontRole).value<QFont>().bold());
     }
 
     void properties()
