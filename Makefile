@@ -48,7 +48,7 @@ fuzz:
 	@TARNWICK_BOOTSTRAP_EXTRAS=fuzz bash scripts/bootstrap
 	@CXX=clang++ CC=clang cmake -S . -B $(FUZZ_BUILD_DIR) -DCMAKE_BUILD_TYPE=RelWithDebInfo \
 	  -DTARNWICK_BUILD_FUZZ=ON -DTARNWICK_BUILD_TESTS=OFF >/dev/null
-	@cmake --build $(FUZZ_BUILD_DIR) -j $(JOBS) --target fuzz_analyser
+	@cmake --build $(FUZZ_BUILD_DIR) -j $(JOBS) --target fuzz_analyser fuzz_lsp
 
 # The share of test code in the project's code (the aim: 25 to 33 %).
 test-share:

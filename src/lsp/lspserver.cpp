@@ -131,6 +131,15 @@ void LspServer::handleMessage(const QJsonValue &message)
         handleNotification(method.toString(), params.toObject());
 }
 
+void LspServer::handleInput(const MessageReader::Item &item)
+{
+    if (item.kind == MessageReader::Item::Problem)
+        handleBrokenInput(item.problem);
+    else
+        handleMessage(item.body.isObject() ? QJsonValue(item.body.object())
+                                           : QJsonValue(item.body.array()));
+}
+
 void LspServer::handleBrokenInput(const QString &problem)
 {
     log(problem);

@@ -2,6 +2,7 @@
 #define LSPSERVER_H
 
 #include "diagnostics.h"
+#include "messagereader.h"
 
 #include <QByteArray>
 #include <QHash>
@@ -37,6 +38,8 @@ public:
     explicit LspServer(QObject *parent = nullptr);
     ~LspServer() override;
 
+    // One item the reader cut from the byte stream: a message or a problem.
+    void handleInput(const MessageReader::Item &item);
     // One message's body.
     void handleMessage(const QJsonValue &message);
     // Bytes that were no message; answered with a ParseError.

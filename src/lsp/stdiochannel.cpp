@@ -64,12 +64,6 @@ void StdioChannel::readInput()
         server->endOfInput();
         return;
     }
-    const QList<MessageReader::Item> items = reader.feed(QByteArray(chunk, int(n)));
-    for (const MessageReader::Item &item : items) {
-        if (item.kind == MessageReader::Item::Message)
-            server->handleMessage(item.body.isObject() ? QJsonValue(item.body.object())
-                                                       : QJsonValue(item.body.array()));
-        else
-            server->handleBrokenInput(item.problem);
-    }
+    for (const MessageReader::Item &item : reader.feed(QByteArray(chunk, int(n))))
+        server->handleInput(item);
 }
